@@ -1,0 +1,28 @@
+// The driver's part of a compile: the project as the status file names it and the totals that
+// the summary lines print.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "common/fixed_text.h"
+#include "common/limits.h"
+#include "platform/file_io.h"
+
+namespace rungc {
+
+struct DriverState {
+  std::int32_t total_rungs = 0;
+  std::int32_t main_instruction_total = 0;
+  std::int32_t subroutine_instruction_total = 0;
+  // Project directory as the status file gives it: empty, beginning with a blank (both mean the
+  // current directory), or ending with a separator.
+  FixedText<kProjectDirMax> project_directory;
+  FixedText<263> project_file_name;
+  std::string listing_name;          // project file name up to its first '.', then ".LII"
+  FixedText<259> program_name;       // the program being compiled
+  platform::InputFile project_file;  // open from the status read to the end of the compile
+  std::string object_path;           // project directory + base + ".lii", for the object writer
+};
+
+}  // namespace rungc
