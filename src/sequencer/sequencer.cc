@@ -233,6 +233,8 @@ int ReadSequenceFile(CompileSession& session) {
 int CompileSequences(CompileSession& session) {
   SequencerState& q = session.sequencer;
   if (!q.file_read) return 0;
+  q.failed_sequence = -1;
+  // Without a listing to append to (no compile ran in the session) nothing is compiled.
   platform::OutputFile listing;
   if (!listing.OpenAppend(session.diag.listing_path)) return 0;
   for (std::int32_t i = 0; i < q.sequence_count; ++i) {

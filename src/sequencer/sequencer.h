@@ -22,8 +22,9 @@ struct CompileSession;
 int ReadSequenceFile(CompileSession& session);
 // 0 no sequence file was read, 1 compiled, 2 a sequence error number was set.
 int CompileSequences(CompileSession& session);
-// Compiles the sequence of row `index` from the working copy into the output buffer: 0 on
-// success, otherwise the number of steps read (the sequence fails).
+// Compiles the sequence of row `index` from the working copy into the output buffer. 0 on
+// success, and also when no step could be read; otherwise the number of steps read (the
+// sequence fails). The sequence error number is cleared first and set by what fails.
 int CompileSequence(CompileSession& session, int index);
 
 }  // namespace rungc
