@@ -25,6 +25,7 @@ constexpr std::size_t kSequenceNameSize = 8;
 constexpr unsigned char kStepStart = 0xFF;
 constexpr std::string_view kNoOperand = "______";
 constexpr std::string_view kClosingLine = "#S#Ss______\r\n";
+constexpr std::size_t kStepLineLength = 3 + 4 * 8 + 2;  // "#S#", four units, CR LF
 
 struct OperandRule {
   int mode;       // SequenceOperandMode
@@ -188,16 +189,16 @@ int EncodeStepOperands(CompileSession& session, const StepType& step, std::size_
 // by the operand the unit shows or "______"; carriage return, line feed.
 bool AppendStepLine(SequencerState& q, const StepType& step,
                     const std::array<SequenceOperand, 4>& operands) {
-  std::string line = "#S#";
+  FixedText<kStepLineLength> line("#S#");
   for (std::size_t unit = 0; unit < 4; ++unit) {
-    line += 'S';
-    line += unit == 0 ? StepTypeCharacter(step.type) : '_';
+    const char prefix[2] = {'S', unit == 0 ? StepTypeCharacter(step.type) : '_'};
+    line.Append(std::string_view(prefix, 2));
     const int shown = step.units[unit];
-    line += shown < 0 ? kNoOperand
-                      : std::string_view(operands[static_cast<std::size_t>(shown)].data(), 6);
+    line.Append(shown < 0 ? kNoOperand
+                          : std::string_view(operands[static_cast<std::size_t>(shown)].data(), 6));
   }
-  line += "\r\n";
-  return q.output.Append(line);
+  line.Append("\r\n");
+  return q.output.Append(line.view());
 }
 
 // Appends the output buffer to the listing and adds its bytes to the listing checksum.
