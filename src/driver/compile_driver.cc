@@ -181,7 +181,8 @@ void AppendListingChecksum(CompileSession& session) {
   if (!listing.OpenAppend(session.diag.listing_path)) return;
   AddToListingChecksum(session, "#s#");
   std::array<char, 24> line;
-  std::snprintf(line.data(), line.size(), "#s#%04X", static_cast<unsigned>(session.diag.listing_checksum));
+  std::snprintf(line.data(), line.size(), "#s#%04X",
+                static_cast<unsigned>(session.diag.listing_checksum));
   listing.WriteLine(line.data());
 }
 
