@@ -23,11 +23,11 @@ void EnterNames(CompileSession& s, const std::vector<std::string>& names) {
 
 struct LabelPassCase {
   const char* title;
-  std::vector<std::string> names;       // compile-time table entries, in order
-  std::vector<std::string> listing;     // listing lines after the header
+  std::vector<std::string> names;    // compile-time table entries, in order
+  std::vector<std::string> listing;  // listing lines after the header
   int result;
-  std::vector<std::string> rewritten;   // the listing afterwards (a failed pass restores it)
-  std::vector<std::string> errors;      // error-file lines
+  std::vector<std::string> rewritten;  // the listing afterwards (a failed pass restores it)
+  std::vector<std::string> errors;     // error-file lines
 };
 
 const std::vector<LabelPassCase>& LabelPassCases() {
@@ -135,11 +135,11 @@ const std::vector<LabelPassCase>& LabelPassCases() {
        {"#F#MAIN.PLC", "#J#NERR=1#RUNG= 1 : Error"}},
       {"rungs count over all programs; every failed line is reported",
        {"j>GONE", "s>AWAY"},
-       {"#F#A.PLC", "#R#A_X_0000Y_Y_0000", "#R#a_X_0001Y_Y_0001", "#F#B.PLC",
-        "#R#A_X_0002LjGONE__", "#R#A_X_0003LcAWAY__"},
+       {"#F#A.PLC", "#R#A_X_0000Y_Y_0000", "#R#a_X_0001Y_Y_0001", "#F#B.PLC", "#R#A_X_0002LjGONE__",
+        "#R#A_X_0003LcAWAY__"},
        -1,
-       {"#F#A.PLC", "#R#A_X_0000Y_Y_0000", "#R#a_X_0001Y_Y_0001", "#F#B.PLC",
-        "#R#A_X_0002LjGONE__", "#R#A_X_0003LcAWAY__"},
+       {"#F#A.PLC", "#R#A_X_0000Y_Y_0000", "#R#a_X_0001Y_Y_0001", "#F#B.PLC", "#R#A_X_0002LjGONE__",
+        "#R#A_X_0003LcAWAY__"},
        {"#F#B.PLC", "#J#NERR=37#RUNG= 3 : GONE__", "#F#B.PLC", "#J#NERR=58#RUNG= 4 : AWAY__"}},
   };
   return cases;

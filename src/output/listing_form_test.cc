@@ -19,21 +19,21 @@ TEST(ListingUnitForm, RearrangesOperandsByUnitLetter) {
     std::string listed;
   };
   const Case cases[] = {
-      {"DX012.3 ", "D_X_0123"},                  // bit operand: the '.' drops out
-      {"T00012  ", "T_T_0012"},                  // timer: its letter is the area
-      {"C00003  ", "C_C_0003"},                  // counter
-      {"cT0005  ", "c_T_0005"},                  // element-16 unit
-      {"O00012  ", "O_T_0012"},                  // timer variants name area T
+      {"DX012.3 ", "D_X_0123"},  // bit operand: the '.' drops out
+      {"T00012  ", "T_T_0012"},  // timer: its letter is the area
+      {"C00003  ", "C_C_0003"},  // counter
+      {"cT0005  ", "c_T_0005"},  // element-16 unit
+      {"O00012  ", "O_T_0012"},  // timer variants name area T
       {"Q0001A  ", "Q_T_001A"},
-      {"o00012  ", "o_C_0012"},                  // counter variants name area C
+      {"o00012  ", "o_C_0012"},  // counter variants name area C
       {"p00012  ", "p_C_0012"},
-      {"BT0001A ", "B_T_001A"},                  // a timer or counter word after a letter
+      {"BT0001A ", "B_T_001A"},  // a timer or counter word after a letter
       {"AC00012 ", "A_C_0012"},
-      {"AR0010  ", "AR0010__"},                  // anything else only loses its blanks
-      {"LjLOOP1 ", "LjLOOP1_"},                  // jumps keep their name
+      {"AR0010  ", "AR0010__"},  // anything else only loses its blanks
+      {"LjLOOP1 ", "LjLOOP1_"},  // jumps keep their name
       {"L2      ", "L2______"},
-      {"LjA.B   ", "L_j_A.B_"},                  // a '.' is looked at before the 'L'
-      {"M+WR0001", "M+WR0001"},                  // function-block units: blanks only
+      {"LjA.B   ", "L_j_A.B_"},  // a '.' is looked at before the 'L'
+      {"M+WR0001", "M+WR0001"},  // function-block units: blanks only
       {"M X01.2 ", "M_X01.2_"},
       {"m       ", "m_______"},
       {std::string("Y\0\0\0\0\0\0\0", 8), "Y_______"},  // NULs inside a unit become '_'

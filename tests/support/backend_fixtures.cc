@@ -8,10 +8,10 @@
 namespace rungc::testing {
 
 std::vector<std::string> SampleAreaLines() {
-  return {"R,SSWB,200H,16,4,8",   "WX,WWWW,100H,0,8,20H",     "WR,SSWW,1000H,40H,4,20H",
-          "WM,SSSW,2000H,20H,8,10", "M,WWWB,3000H,0,0,10H",    "Y,SWWB,4000H,100H,2,20H",
-          "S,BBBB,5000H,0,0,0",   "T,TTTT,6000H,4,0,80H",     "WT,TTTT,7000H,2,0,10",
-          "WAX,WWWW,800H,0,0,20H", "WZ,WWWW,900H,0,0,10H"};
+  return {"R,SSWB,200H,16,4,8",     "WX,WWWW,100H,0,8,20H", "WR,SSWW,1000H,40H,4,20H",
+          "WM,SSSW,2000H,20H,8,10", "M,WWWB,3000H,0,0,10H", "Y,SWWB,4000H,100H,2,20H",
+          "S,BBBB,5000H,0,0,0",     "T,TTTT,6000H,4,0,80H", "WT,TTTT,7000H,2,0,10",
+          "WAX,WWWW,800H,0,0,20H",  "WZ,WWWW,900H,0,0,10H", "WF,SSWB,0A00H,16,2,8"};
 }
 
 BackendBench::BackendBench() : session_(std::make_unique<CompileSession>()) {

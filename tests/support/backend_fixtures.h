@@ -23,7 +23,7 @@ inline constexpr std::string_view kListingHeaderLine = "- KORVA   1995 V2.0  LIS
 //   WM SSSW 0x2000, stride 0x20, 8 groups, 10 elements;  M WWWB 0x3000, 16 elements
 //   Y  SWWB 0x4000, stride 0x100, 2 groups, 32 elements;  S BBBB
 //   T  TTTT 0x6000, stride 4, 128 elements;  WT TTTT 0x7000, stride 2, 10 elements
-//   WAX WWWW 0x800, 32 elements;  WZ WWWW 0x900, 16 elements
+//   WAX WWWW 0x800, 32 elements;  WZ WWWW 0x900, 16 elements;  WF SSWB 0xA00, stride 16
 std::vector<std::string> SampleAreaLines();
 
 class BackendBench {
