@@ -38,18 +38,6 @@ TEST(BackendEndToEnd, AnEmptyProjectWritesItsObjectCodeAndChecksum) {
   EXPECT_FALSE(p.Exists("PLANT.$$$"));
 }
 
-TEST(BackendEndToEnd, AMapWithoutObjectCodeLeavesNoObjectFiles) {
-  TempProject p;
-  p.WriteSimpleProject({{"MAIN.PLC", LadderSource()}});
-  p.WriteFile("PLANT.cod", "old");
-  p.WriteMemoryMap(false, SampleAreaLines());
-  Session session;
-  EXPECT_EQ(session.Compile(p.dir()), kCompileOk);
-  EXPECT_FALSE(p.Exists("PLANT.cod"));
-  EXPECT_FALSE(p.Exists("PLANT.tmc"));
-  EXPECT_FALSE(p.Exists("PLANT.pdc"));
-}
-
 TEST(BackendEndToEnd, AFailedTableLineFailsTheCompileWithItsLine) {
   TempProject p;
   p.WriteSimpleProject({{"MAIN.PLC", LadderSource()}});

@@ -45,7 +45,6 @@ const EncodeCase kEncodeCases[] = {
     {"A_R_0480", 3, nullptr},        // the element is checked first
     // WWWW "WX": base 0x100, 32 elements.
     {"M_WX0005", 0, "00 FF 0A 01"},
-    {"M_WX001F", 0, "00 FF 3E 01"},
     {"M_WX0020", 3, nullptr},
     {"M_WX00G1", 0, "00 FF 00 01"},  // the index ends at the first non-digit
     // SSWW "WR": base 0x1000, stride 0x40, 4 groups of 32 elements.
@@ -87,7 +86,6 @@ const EncodeCase kEncodeCases[] = {
     {"LJK00010", 0, "64 00 10 00"},
     {"LjK12345", 0, "66 01 45 23"},
     {"LCK00008", 0, "70 00 08 00"},
-    {"LcK00004", 0, "72 00 04 00"},
     {"LJKA0000", 2, nullptr},  // a value that begins with a letter is read as an operand
 };
 
