@@ -1,11 +1,14 @@
 // One ladder source through the whole compile: reader, validation, network compiler, function
 // blocks, peephole pass, label pass and object code. The custom mutator edits the source as
-// records and rows (element codes, flags, row bytes, repeat counts, operand characters), which
-// reaches much deeper than byte flips of the hexadecimal text.
+// records and rows (element codes, flags, row bytes, repeat counts, operand characters, sample
+// operands and statement lines, whole sample rows), which reaches much deeper than byte flips of
+// the hexadecimal text.
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <random>
 #include <string>
 #include <string_view>
@@ -72,22 +75,95 @@ constexpr int kCodes[] = {1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 14, 16,
                           17, 18, 21, 22, 23, 24, 25, 26, 29, 31, 38, 39, 40,
                           41, 42, 43, 44, 45, 46, 47, 48, 49, 0,  63};
 
+// Operands that the element checks accept or nearly accept, for fields of 6 characters.
+constexpr std::string_view kShortOperands[] = {
+    "X1.2", "x1.2",  "Y1.0", "R10.1",  "F0.8", "Z3.F",    "T1A", "C5", "100", "H00FF", "WR10",
+    "WM1",  "LOOP1", "SUB1", "  AB  ", "*",    "X1234.5", ">=",  "<>", "==",  "WX0010"};
+// Statement lines for the 32-character fields of function blocks.
+constexpr std::string_view kStatements[] = {
+    "WR1 = WR2 + 5",   "WY1 = WX2 + WX3 + WX4",
+    "Y1.0 = NOT X2.3", "F0.8 : WX1 >= 100",
+    "IF WR1 > 3",      "ELSE",
+    "ENDIF",           "INC WR5",
+    "DR1 = DR2 + DR3", "FX01 = FX02 * 1.5",
+    "COPY WR1 WR2 10", "WR1 = (WR5)",
+    "SHFR WR1 3",      "BIN WR1 WR2",
+    "FUN 12",          "; comment",
+    "WR1 = 12AB",      "DX1 = 3000000000",
+    "FX1 = SQRT FX2",  "WAX5 = WAY3",
+};
+// Rows of valid rungs in the row notation: relay logic, parallel branches, timers, comparison
+// contacts, edges, structural rungs and function blocks with continuation rows.
+constexpr std::string_view kRows[] = {
+    "1(X1.2) 2(R10.1) -x6 3(Y1.0)",
+    "^2(X1.3) ^. .x7",
+    "1(X1.0) -x7 8(T1A,100)",
+    "49(WX0010,>=,WR0020) -x7 3(Y1.0)",
+    "1(X1.0) 17 -x6 3(Y1.0)",
+    "1(X1.0) -x7 40",
+    "41",
+    "21(LOOP1)",
+    "23(LOOP1)",
+    "29",
+    "25(SUB1)",
+    "26",
+    "24(SUB1)",
+    "1(X1.0) -x7 22(LOOP1)",
+    "1(*) - - 38(WR1 = WR2 + 5,Y1.0 = 1)",
+    "1(X1.0) - - 38(IF WR1 > 3,INC WR2)",
+    ". . . 10(ELSE,DEC WR2,ENDIF)",
+    "42(BLOCK1)",
+    "43",
+};
+
 void SetType(Record& r, int type) {
   r.type = type;
   r.operand.resize(static_cast<std::size_t>(OperandLength(type)), ' ');
 }
 
+// Writes a sample text into one of the record's operand fields, padded with blanks.
+void PlaceSample(Record& r, std::mt19937& rng) {
+  const std::vector<int> lengths = rungc::testing::ElementFieldLengths(r.type & 0x3F);
+  if (lengths.empty()) return;
+  const std::size_t field = rng() % lengths.size();
+  std::size_t start = 0;
+  for (std::size_t i = 0; i < field; ++i) start += static_cast<std::size_t>(lengths[i]);
+  const std::size_t width = static_cast<std::size_t>(lengths[field]);
+  std::string_view sample = width > 6 ? kStatements[rng() % std::size(kStatements)]
+                                      : kShortOperands[rng() % std::size(kShortOperands)];
+  std::string text(sample.substr(0, width));
+  text.resize(width, ' ');
+  if (start + width <= r.operand.size()) r.operand.replace(start, width, text);
+}
+
+// The records of a sample row, its first one a row header.
+std::vector<Record> SampleRow(std::mt19937& rng) {
+  std::string tail;
+  const std::string text =
+      rungc::testing::LadderSource().Row(kRows[rng() % std::size(kRows)]).Text(false);
+  return ParseSource(text, &tail);
+}
+
+// Inserts a sample row before a row header (or at the end), so that rows stay whole.
+void InsertRow(std::vector<Record>& records, std::mt19937& rng) {
+  std::vector<std::size_t> starts;
+  for (std::size_t i = 0; i < records.size(); ++i) {
+    if ((records[i].row & 0x80) != 0) starts.push_back(i);
+  }
+  starts.push_back(records.size());
+  const std::size_t at = starts[rng() % starts.size()];
+  const std::vector<Record> row = SampleRow(rng);
+  records.insert(records.begin() + static_cast<long>(at), row.begin(), row.end());
+}
+
 void MutateRecords(std::vector<Record>& records, std::mt19937& rng) {
   auto pick = [&rng](std::size_t n) { return static_cast<std::size_t>(rng() % n); };
   if (records.empty()) {
-    Record r;
-    SetType(r, 1);
-    r.row = 0xC0;
-    records.push_back(r);
+    InsertRow(records, rng);
     return;
   }
   Record& r = records[pick(records.size())];
-  switch (rng() % 9) {
+  switch (rng() % 12) {
     case 0:
       SetType(r, (r.type & 0xC0) | kCodes[pick(std::size(kCodes))]);
       break;
@@ -111,6 +187,13 @@ void MutateRecords(std::vector<Record>& records, std::mt19937& rng) {
       break;
     case 7:
       records.erase(records.begin() + static_cast<long>(pick(records.size())));
+      break;
+    case 8:
+      PlaceSample(r, rng);
+      break;
+    case 9:
+    case 10:
+      InsertRow(records, rng);
       break;
     default: {
       std::size_t a = pick(records.size()), b = pick(records.size());
@@ -146,6 +229,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   static const bool written = (p.WriteStandardProject(), true);
   (void)written;
   p.Write("MAIN.PLC", std::string_view(reinterpret_cast<const char*>(data), size));
-  p.Compile();
+  const std::uint32_t result = p.Compile();
+  // The outputs a compile promises: no ".$$$" copy is left, and only a clean compile leaves an
+  // object code file (the previous one is deleted first).
+  if (std::filesystem::exists(p.dir() / "PLANT.$$$")) std::abort();
+  if ((result == 0) != std::filesystem::exists(p.dir() / "PLANT.cod")) std::abort();
   return 0;
 }

@@ -180,9 +180,10 @@ bool OutputFile::WriteLine(std::string_view text) {
 }
 
 bool RemoveFile(const std::filesystem::path& path) {
+  // A missing file is reported as removed without an error; only a failed deletion sets `ec`.
   std::error_code ec;
   std::filesystem::remove(path, ec);
-  return !std::filesystem::exists(path, ec);
+  return !ec;
 }
 
 bool RenameFile(const std::filesystem::path& from, const std::filesystem::path& to) {
