@@ -24,6 +24,27 @@ std::filesystem::path WorkDir::Resolve(std::string_view name) const {
 
 namespace {
 
+// Opens and renames by the host's native form of the path: no text is built for the call, so
+// opening, creating and renaming never allocate (a compile that runs out of memory cannot fail
+// between renaming the listing and creating its replacement for want of a path text).
+#ifdef _WIN32
+std::FILE* OpenNative(const std::filesystem::path& path, const wchar_t* mode) {
+  return _wfopen(path.c_str(), mode);
+}
+bool RenameNative(const std::filesystem::path& from, const std::filesystem::path& to) {
+  return _wrename(from.c_str(), to.c_str()) == 0;
+}
+#define RUNGC_MODE(text) L##text
+#else
+std::FILE* OpenNative(const std::filesystem::path& path, const char* mode) {
+  return std::fopen(path.c_str(), mode);
+}
+bool RenameNative(const std::filesystem::path& from, const std::filesystem::path& to) {
+  return std::rename(from.c_str(), to.c_str()) == 0;
+}
+#define RUNGC_MODE(text) text
+#endif
+
 bool SameIgnoringCase(const std::string& a, const std::string& b) {
   if (a.size() != b.size()) return false;
   for (std::size_t i = 0; i < a.size(); ++i) {
@@ -72,7 +93,7 @@ bool InputFile::Open(const std::filesystem::path& path, OpenMode mode) {
   Close();
   std::error_code ec;
   if (std::filesystem::is_directory(path, ec)) return false;
-  file_ = std::fopen(path.string().c_str(), "rb");
+  file_ = OpenNative(path, RUNGC_MODE("rb"));
   mode_ = mode;
   at_eof_ = false;
   return file_ != nullptr;
@@ -147,13 +168,13 @@ OutputFile& OutputFile::operator=(OutputFile&& other) noexcept {
 
 bool OutputFile::Create(const std::filesystem::path& path) {
   Close();
-  file_ = std::fopen(path.string().c_str(), "wb");
+  file_ = OpenNative(path, RUNGC_MODE("wb"));
   return file_ != nullptr;
 }
 
 bool OutputFile::OpenAppend(const std::filesystem::path& path) {
   Close();
-  file_ = std::fopen(path.string().c_str(), "ab");
+  file_ = OpenNative(path, RUNGC_MODE("ab"));
   return file_ != nullptr;
 }
 
@@ -187,7 +208,7 @@ bool RemoveFile(const std::filesystem::path& path) {
 }
 
 bool RenameFile(const std::filesystem::path& from, const std::filesystem::path& to) {
-  return std::rename(from.string().c_str(), to.string().c_str()) == 0;
+  return RenameNative(from, to);
 }
 
 bool FileExists(const std::filesystem::path& path) {

@@ -1,0 +1,234 @@
+// What a compile leaves in the project directory when it fails, when memory runs out under it,
+// and when it runs twice in one loaded module.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdio>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "common/session.h"
+#include "driver/compile_driver.h"
+#include "rungc/session.h"
+#include "support/backend_fixtures.h"
+#include "support/ladder_builder.h"
+#include "support/reliability_fixtures.h"
+
+#ifndef _WIN32
+#include <dlfcn.h>
+#include <unistd.h>
+#endif
+
+namespace rungc {
+namespace {
+
+using testing::LadderSource;
+using testing::SplitLines;
+using testing::TempProject;
+using Names = std::vector<std::string>;
+
+constexpr std::string_view kCheckOnlyMap = "#MEM#N";
+
+// A project of one empty program whose memory map asks for object code, with both tables.
+void WriteCleanProject(const TempProject& p) {
+  p.WriteSimpleProject({{"MAIN.PLC", LadderSource()}});
+  p.WriteMemoryMap(true, testing::SampleAreaLines());
+  p.WriteFile("PLANT.tmr", testing::ThermoregulationTable({"0001 WZ1    1,2,3,4,5,6,  NULL,7,"}));
+  p.WriteFile("PLANT.pds", testing::PidTable({"0001 WZ2    1,2,3,4,5,6,  NULL,7,"}));
+}
+
+// The output files of the project that exist, in a fixed order.
+Names OutputsPresent(const TempProject& p) {
+  Names present;
+  for (const char* name :
+       {"PLANT.LII", "PLANT.ERR", "PLANT.$$$", "PLANT.cod", "PLANT.tmc", "PLANT.pdc"}) {
+    if (p.Exists(name)) present.emplace_back(name);
+  }
+  return present;
+}
+
+// After a clean compile that wrote everything, a second compile of the same project fails (or
+// asks for no object code). Which of the first compile's outputs exist afterwards.
+struct SecondCompile {
+  const char* what;
+  void (*spoil)(const TempProject&);
+  std::uint32_t result;
+  Names outputs;  // the output files present after the second compile
+};
+
+const std::vector<SecondCompile>& SecondCompiles() {
+  static const std::vector<SecondCompile> cases = {
+      {"missing program",
+       [](const TempProject& p) { p.WriteProject({"GONE.PLC"}); },
+       kCompileFailed,
+       {"PLANT.LII", "PLANT.ERR"}},
+      {"no end of the program list",
+       [](const TempProject& p) { p.WriteProject({"MAIN.PLC"}, false); },
+       kCompileFailed,
+       {"PLANT.LII", "PLANT.ERR"}},
+      {"check-only memory map",
+       [](const TempProject& p) { p.WriteFile("memory.ovl", kCheckOnlyMap); },
+       kCompileOk,
+       {"PLANT.LII", "PLANT.ERR"}},
+      // A failed table deletes its own side file; the object code of this compile is whole.
+      {"failed table line",
+       [](const TempProject& p) {
+         p.WriteFile("PLANT.pds", testing::PidTable({"0001 WQ1    1,2,3,4,5,6,  NULL,7,"}));
+       },
+       kCompileFailed,
+       {"PLANT.LII", "PLANT.ERR", "PLANT.cod", "PLANT.tmc"}},
+  };
+  return cases;
+}
+
+// Runs the clean compile, then the second one; gives the outputs present afterwards.
+Names OutputsAfterSecondCompile(const SecondCompile& c) {
+  TempProject p;
+  WriteCleanProject(p);
+  EXPECT_EQ(Session().Compile(p.dir()), kCompileOk) << c.what;
+  EXPECT_EQ(OutputsPresent(p),
+            (Names{"PLANT.LII", "PLANT.ERR", "PLANT.cod", "PLANT.tmc", "PLANT.pdc"}));
+  c.spoil(p);
+  EXPECT_EQ(Session().Compile(p.dir()), c.result) << c.what;
+  return OutputsPresent(p);
+}
+
+bool Holds(const Names& names, std::string_view name) {
+  return std::find(names.begin(), names.end(), name) != names.end();
+}
+
+TEST(Outputs, AFailedCompileLeavesNoEarlierObjectCode) {
+  for (const SecondCompile& c : SecondCompiles()) {
+    const Names outputs = OutputsAfterSecondCompile(c);
+    EXPECT_EQ(Holds(outputs, "PLANT.cod"), Holds(c.outputs, "PLANT.cod")) << c.what;
+    EXPECT_TRUE(Holds(outputs, "PLANT.LII") && Holds(outputs, "PLANT.ERR")) << c.what;
+    EXPECT_FALSE(Holds(outputs, "PLANT.$$$")) << c.what;
+  }
+}
+
+// Disabled until the driver deletes the side files of the previous compile together with its
+// object code file: today they outlive a compile that writes none.
+TEST(Outputs, DISABLED_AFailedCompileLeavesNoEarlierSideFile) {
+  for (const SecondCompile& c : SecondCompiles()) {
+    EXPECT_EQ(OutputsAfterSecondCompile(c), c.outputs) << c.what;
+  }
+}
+
+// A ".$$$" copy left by an interrupted compile is removed by the next label pass.
+TEST(Outputs, NoTemporaryCopyIsLeft) {
+  TempProject p;
+  WriteCleanProject(p);
+  p.WriteFile("PLANT.$$$", "left over");
+  EXPECT_EQ(Session().Compile(p.dir()), kCompileOk);
+  EXPECT_FALSE(p.Exists("PLANT.$$$"));
+}
+
+// Every allocation of a compile of this project fails in turn: the compile then returns 4097 or
+// 4098 instead of throwing, leaves no ".$$$" copy and no file open, and the next compile of the
+// same session gives the result and listing of an undisturbed one.
+void SweepAllocationFailures(const TempProject& p) {
+  CompileSession reference;
+  reference.work_dir = platform::WorkDir(p.dir());
+  const long before = testing::AllocationCount();
+  ASSERT_EQ(CompileEntry(reference), kCompileOk);
+  const long allocations = testing::AllocationCount() - before;
+  const std::string listing = p.ReadFile("PLANT.LII");
+  ASSERT_GT(allocations, 0);
+
+  for (long allowed = 0; allowed < allocations; ++allowed) {
+    CompileSession s;
+    s.work_dir = platform::WorkDir(p.dir());
+    std::uint32_t result = 0;
+    bool triggered = false;
+    {
+      testing::AllocationFailure failure(allowed);
+      EXPECT_NO_THROW(result = CompileEntry(s)) << allowed;
+      triggered = failure.triggered();
+    }
+    if (!triggered) continue;
+    EXPECT_TRUE(result == kCompileUnusable || result == kCompileFailed) << allowed;
+    EXPECT_FALSE(p.Exists("PLANT.$$$")) << allowed;
+    EXPECT_FALSE(s.diag.listing.is_open() || s.diag.error_file.is_open() ||
+                 s.driver.project_file.is_open() || s.reader.source.is_open())
+        << allowed;
+    s.diag.listing_checksum = 0;
+    EXPECT_EQ(CompileEntry(s), kCompileOk) << allowed;
+    EXPECT_EQ(p.ReadFile("PLANT.LII"), listing) << allowed;
+  }
+}
+
+TEST(Outputs, AllocationFailuresNeverEscapeTheEntry) {
+  TempProject p;
+  WriteCleanProject(p);
+  SweepAllocationFailures(p);
+}
+
+// Disabled until the entry restores the listing from its ".$$$" copy when a failure interrupts
+// the rewrite of the label pass: a program name too long for a short text makes the pass
+// allocate after the listing was renamed, and today the copy stays and the listing is cut.
+TEST(Outputs, DISABLED_AnAllocationFailureInTheLabelPassKeepsTheListing) {
+  TempProject p;
+  WriteCleanProject(p);
+  p.WriteLadder("A_LONGER_PROGRAM_NAME.PLC", LadderSource());
+  p.WriteProject({"MAIN.PLC", "A_LONGER_PROGRAM_NAME.PLC"});
+  SweepAllocationFailures(p);
+}
+
+// Two compiles in one session: counters and label tables start again, the listing checksum goes
+// on from the first compile's value; a failed compile does not spoil the next one.
+TEST(Outputs, TwoCompilesInOneSession) {
+  TempProject p;
+  WriteCleanProject(p);
+  Session session;
+  ASSERT_EQ(session.Compile(p.dir()), kCompileOk);
+  const Names listing = SplitLines(p.ReadFile("PLANT.LII"));
+  const std::string errors = p.ReadFile("PLANT.ERR");
+  const std::uint32_t first = session.state().diag.listing_checksum;
+
+  ASSERT_EQ(session.Compile(p.dir()), kCompileOk);
+  EXPECT_EQ(p.ReadFile("PLANT.ERR"), errors);
+  const Names second = SplitLines(p.ReadFile("PLANT.LII"));
+  ASSERT_EQ(second.size(), listing.size());
+  EXPECT_EQ(Names(second.begin(), second.end() - 1), Names(listing.begin(), listing.end() - 1));
+  // The second compile adds the same bytes again.
+  EXPECT_EQ(session.state().diag.listing_checksum, 2 * first);
+  char trailer[16];
+  std::snprintf(trailer, sizeof trailer, "#s#%04X", 2 * first);
+  EXPECT_EQ(second.back(), trailer);
+
+  p.WriteProject({"GONE.PLC"});
+  EXPECT_EQ(session.Compile(p.dir()), kCompileFailed);
+  WriteCleanProject(p);
+  EXPECT_EQ(session.Compile(p.dir()), kCompileOk);
+  EXPECT_EQ(p.ReadFile("PLANT.ERR"), errors);
+}
+
+#ifndef _WIN32
+// The shared module's export, called as the shell calls it: from the project's directory, twice.
+TEST(Outputs, TheExportedEntryPointCompilesInTheCurrentDirectory) {
+  void* module = dlopen(RUNGC_SHARED_LIBRARY, RTLD_NOW | RTLD_LOCAL);
+  ASSERT_NE(module, nullptr) << dlerror();
+  using Entry = std::uint32_t (*)(std::uint32_t);
+  auto entry = reinterpret_cast<Entry>(dlsym(module, "Compilatore32"));
+  ASSERT_NE(entry, nullptr);
+  TempProject p;
+  const std::filesystem::path home = std::filesystem::current_path();
+  std::filesystem::current_path(p.dir());
+  const std::uint32_t missing = entry(0);
+  WriteCleanProject(p);
+  const std::uint32_t first = entry(0);
+  const Names listing = SplitLines(p.ReadFile("PLANT.LII"));
+  const std::uint32_t second = entry(1);
+  std::filesystem::current_path(home);
+  dlclose(module);
+  EXPECT_EQ(missing, kCompileUnusable);
+  EXPECT_EQ(first, kCompileOk);
+  EXPECT_EQ(second, kCompileOk);
+  EXPECT_NE(SplitLines(p.ReadFile("PLANT.LII")).back(), listing.back());
+}
+#endif
+
+}  // namespace
+}  // namespace rungc
