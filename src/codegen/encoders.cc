@@ -38,6 +38,12 @@ std::string_view SkipZeros(std::string_view t) {
   return i == std::string_view::npos ? std::string_view() : t.substr(i);
 }
 
+// The significant digits of a hex constant: after the 'H' and the leading zeros.
+std::string_view HexDigitsOf(std::string_view t) {
+  if (!t.empty()) t.remove_prefix(1);
+  return SkipZeros(t);
+}
+
 // Reads a signed decimal integer from the start of the text as "%d" and "%ld" do (white space,
 // a sign, digits); false when nothing can be read.
 bool ReadDecimal(const char* text, long long& value) {
@@ -83,7 +89,7 @@ void EncodeAreaOperand(CompileSession& session, int k) {
 void EncodeWordConstant(CompileSession& session, int k) {
   EmitCode(session, "K_");
   if ((TypeOf(session, k) & OPT_HEX) != 0) {
-    const std::string_view t = SkipZeros(OperandOf(session, k).substr(1));
+    const std::string_view t = HexDigitsOf(OperandOf(session, k));
     if (t.empty()) {
       EmitCode(session, "0000");
       return;
@@ -120,7 +126,7 @@ void EncodeLongConstant(CompileSession& session, int k) {
   for (std::size_t i = 0; i < 8; ++i) text[i] = '0';
   text[8] = '\0';
   if ((TypeOf(session, k) & OPT_HEX) != 0) {
-    const std::string_view t = SkipZeros(OperandOf(session, k).substr(1));
+    const std::string_view t = HexDigitsOf(OperandOf(session, k));
     if (t.size() > 8) {
       ReportMalformed(session, k);
       return;

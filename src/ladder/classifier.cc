@@ -87,7 +87,7 @@ std::uint32_t ClassifyNumber(OperandText& text, std::size_t start) {
   const double value = std::strtod(text.c_str() + start, nullptr);
   if (value != 0.0 && !(value >= 1.0 && value <= 2147483647.0)) return OPT_FLOAT;
   char digits[16];
-  std::snprintf(digits, sizeof digits, "%lld", static_cast<long long>(value));
+  std::snprintf(digits, sizeof digits, "%ld", static_cast<long>(value));
   OperandText rewritten(text.view().substr(0, start));
   rewritten.Append(digits);
   text = rewritten;

@@ -20,7 +20,8 @@ void SetElement(CompileSession& s, int code) {
   const std::vector<int> lengths = ElementFieldLengths(code);
   d.code = static_cast<std::uint8_t>(code);
   d.operands = static_cast<std::uint8_t>(lengths.size());
-  for (std::size_t i = 0; i < lengths.size(); ++i) d.lengths[i] = static_cast<std::int8_t>(lengths[i]);
+  for (std::size_t i = 0; i < lengths.size(); ++i)
+    d.lengths[i] = static_cast<std::int8_t>(lengths[i]);
 }
 
 std::string Padded(std::string_view text, std::size_t width) {
@@ -106,7 +107,9 @@ std::string Record(std::string_view report, std::string_view text) {
   return record;
 }
 
-std::string PaddedLine(std::string_view line) { return Padded(line, kLineWidth); }
+std::string PaddedLine(std::string_view line) {
+  return Padded(line, kLineWidth);
+}
 
 void ExpectLine(const LineCase& row) {
   SCOPED_TRACE(std::string(row.line));
@@ -115,7 +118,8 @@ void ExpectLine(const LineCase& row) {
     EXPECT_EQ(result.code, Units(row.units));
   }
   std::vector<std::string> expected;
-  for (std::string_view report : row.reports) expected.push_back(Record(report, PaddedLine(row.line)));
+  for (std::string_view report : row.reports)
+    expected.push_back(Record(report, PaddedLine(row.line)));
   EXPECT_EQ(result.reports, expected);
 }
 
