@@ -88,7 +88,8 @@ void EmitFunction(CompileSession& s, int code, std::initializer_list<Field> fiel
   }
 }
 
-// FXd = K: the constant as a signed 32-bit number, low half first.
+// FXd = K: the constant as a signed 32-bit number, low half first. The operand is a decimal
+// constant, possibly with a sign joined to it, so it always reads.
 void EmitIntegerLoad(CompileSession& s, const LineOperands& op) {
   std::int32_t value = 0;
   ScanLong32(op.text(2).data(), value);
@@ -99,7 +100,8 @@ void EmitIntegerLoad(CompileSession& s, const LineOperands& op) {
                {field::Register(0), field::Text(ViewOf(low)), field::Text(ViewOf(high))});
 }
 
-// FXd = 1.5: the bit pattern of the IEEE 754 double, bits 0 to 15 first.
+// FXd = 1.5: the bit pattern of the IEEE 754 double, bits 0 to 15 first. The operand begins
+// with a digit or a joined sign and a digit, so it always reads.
 void EmitFloatLoad(CompileSession& s, const LineOperands& op) {
   double value = 0.0;
   ScanDouble(op.text(2).data(), value);
