@@ -3,6 +3,8 @@
 #include <array>
 #include <cctype>
 
+#include "common/session.h"
+#include "diag/messages.h"
 #include "explain.h"
 #include "rungc/session.h"
 
@@ -140,6 +142,56 @@ int RunCompile(const CommandLine& command_line, std::FILE* err,
   return ExitStatusForResult(result);
 }
 
+// Prints every section of a loaded module key: its marker and name, then one line per entry.
+void PrintModuleMessages(const CompileSession& session, const ModuleKey& key, std::FILE* out) {
+  for (std::string_view name : key.sections) {
+    const int row = FindMessageSection(name);
+    const MessageTable* table = FindMessageTable(session, name);
+    if (row < 0 || table == nullptr) continue;
+    const MessageSection& section = MessageSectionTable()[static_cast<std::size_t>(row)];
+    std::fprintf(out, "%.*s %.*s\n", static_cast<int>(section.marker.size()), section.marker.data(),
+                 static_cast<int>(name.size()), name.data());
+    for (std::size_t i = 0; i < table->size(); ++i) {
+      std::fprintf(out, "%4zu  %s\n", i + 1, (*table)[i].c_str());
+    }
+  }
+}
+
+// The languages whose message file is in the current directory, as one line of text.
+std::string AvailableLanguages(CompileSession& session) {
+  const int count = ListMessageLanguages(session);
+  std::string list;
+  for (int i = 0; i < count; ++i) {
+    if (!list.empty()) list += ", ";
+    list += session.messages.languages[static_cast<std::size_t>(i)].view();
+  }
+  return list;
+}
+
+// messages: loads a module key's sections from "MESSAG." + language in the current directory and
+// prints them; without a usable file, lists the languages that have one.
+int RunMessages(const CommandLine& command_line, std::FILE* out, std::FILE* err) {
+  CompileSession session;
+  session.work_dir = platform::WorkDir(".");
+  const std::string key = command_line.key.empty() ? "COMP" : command_line.key;
+  std::string language = command_line.language;
+  const std::string available = AvailableLanguages(session);
+  if (language.empty()) language = available.substr(0, available.find(','));
+  if (!language.empty() && LoadModuleMessages(session, key, language) == 0) {
+    PrintModuleMessages(session, *FindModuleKey(key), out);
+    return kExitOk;
+  }
+  if (available.empty()) {
+    std::fputs("rungc: messages: no message file (MESSAG.ITA, .DEU, .FRA, .ING or .SPA) with a "
+               "good header in this directory\n",
+               err);
+  } else {
+    std::fprintf(err, "rungc: messages: no usable MESSAG.%s here; languages available: %s\n",
+                 language.c_str(), available.c_str());
+  }
+  return kExitFailed;
+}
+
 }  // namespace
 
 CommandLine ParseCommandLine(const std::vector<std::string_view>& args) {
@@ -173,8 +225,7 @@ int RunCommandLine(const CommandLine& command_line, std::FILE* out, std::FILE* e
     case Command::kCompile:
       return RunCompile(command_line, err, escape_requested);
     case Command::kMessages:
-      std::fputs("rungc: messages: the message file reader is not part of this build yet\n", err);
-      return kExitUnavailable;
+      return RunMessages(command_line, out, err);
     case Command::kUsageError:
       break;
   }

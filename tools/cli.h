@@ -13,7 +13,6 @@ namespace rungc::tool {
 inline constexpr int kExitOk = 0;           // result 0
 inline constexpr int kExitFailed = 1;       // result 4098
 inline constexpr int kExitUnusable = 2;     // result 4097
-inline constexpr int kExitUnavailable = 3;  // the command is not part of this build
 inline constexpr int kExitUsage = 64;       // a wrong command line
 
 enum class Command { kCompile, kMessages, kHelp, kVersion, kUsageError };
@@ -23,8 +22,8 @@ struct CommandLine {
   std::string problem;          // what is wrong with the command line (kUsageError)
   std::string directory = ".";  // compile: where status.kpx and memory.ovl are read
   bool run_sequences = false;   // compile --sequences
-  std::string language;         // messages --lang: a language code, empty for the status file's
-  std::string key;              // messages: a module key, empty for the compiler's own
+  std::string language;         // messages --lang: a language code, empty for the first available
+  std::string key;              // messages: a module key, empty for the compiler's own ("COMP")
 };
 
 // Reads the arguments after the program name.
