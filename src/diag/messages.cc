@@ -4,6 +4,8 @@
 
 namespace rungc {
 
-void ReleaseMessageTables(CompileSession& session) { (void)session; }
+void ReleaseMessageTables(CompileSession& session) {
+  (void)session;
+}
 
 }  // namespace rungc
