@@ -17,9 +17,6 @@ namespace {
 
 constexpr int kEscapeKey = 27;
 
-// What the rung loop does after a rung.
-enum class Next { kRung, kEndProgram };
-
 // Reads the key that is waiting: true for Escape. A 0 announces a two-code key whose second code
 // is read and dropped; other keys are dropped.
 bool ReadEscapeKey(platform::Keyboard& keyboard) {
@@ -41,9 +38,8 @@ std::string_view NameField(const CompileSession& s) {
   return operand == nullptr ? std::string_view() : std::string_view(operand);
 }
 
-// Counts the D/Y/d units of the code record against its E/F units. When they differ, the error
-// record 80 is written directly (past the rung error latch) with the number of the rung just
-// counted, and false is given.
+}  // namespace
+
 bool CheckRungBalance(CompileSession& s) {
   const char* text = s.dispatch.record.data();
   int sum = 0;
@@ -62,16 +58,18 @@ bool CheckRungBalance(CompileSession& s) {
   return false;
 }
 
+namespace {
+
 // Writes the code record of a compiled rung and checks its balance.
-Next WriteRungRecord(CompileSession& s) {
+RungOutcome WriteRungRecord(CompileSession& s) {
   WriteRecord(s, 'R', s.dispatch.record.data());
-  return CheckRungBalance(s) ? Next::kRung : Next::kEndProgram;
+  return CheckRungBalance(s) ? RungOutcome::kNextRung : RungOutcome::kEndProgram;
 }
 
 // Finishes the one-unit record of a structural rung whose two letters are in the record: the
 // name from cell 0 without its leading blanks (the first `name_length` characters; none for
 // kinds without a name), blanks up to 8 characters, then the rung is counted and written.
-Next WriteNameTail(CompileSession& s, int name_length) {
+RungOutcome WriteNameTail(CompileSession& s, int name_length) {
   CodeRecord& record = s.dispatch.record;
   if (name_length >= 1) {
     const std::string_view field = NameField(s);
@@ -80,7 +78,7 @@ Next WriteNameTail(CompileSession& s, int name_length) {
     while (first < n && first < field.size() && field[first] == ' ') ++first;
     if (first == n) {
       FailRung(s, 35);
-      return Next::kRung;
+      return RungOutcome::kNextRung;
     }
     const std::size_t end = field.size() < n ? field.size() : n;
     if (first < end) record.Append(field.substr(first, end - first));
@@ -98,10 +96,10 @@ int NameLength(const CompileSession& s, int kind) {
 
 // Starts the unit of a structural rung and, when the rung's name must enter a label table, gives
 // the table's result: 0 or an error number.
-Next NamedUnit(CompileSession& s, int kind, std::string_view letters, int table_result) {
+RungOutcome NamedUnit(CompileSession& s, int kind, std::string_view letters, int table_result) {
   if (table_result != 0) {
     FailRung(s, table_result);
-    return Next::kRung;
+    return RungOutcome::kNextRung;
   }
   s.dispatch.record.Clear();
   s.dispatch.record.Append(letters);
@@ -110,37 +108,37 @@ Next NamedUnit(CompileSession& s, int kind, std::string_view letters, int table_
 
 // Kind 1: a ladder network is validated and compiled; a rung that fails validation is not
 // counted.
-Next CompileLadderNetwork(CompileSession& s) {
+RungOutcome CompileLadderNetwork(CompileSession& s) {
   const int code = ValidateRung(s.reader.grid);
   if (code != 0) {
     FailRung(s, 1000 + code);
-    return Next::kRung;
+    return RungOutcome::kNextRung;
   }
   CompileLadderRung(s);
   ++s.dispatch.program_rung_count;
   if (s.diag.current_error != 0) {
     FailRung(s, s.diag.current_error);
-    return Next::kRung;
+    return RungOutcome::kNextRung;
   }
   return WriteRungRecord(s);
 }
 
 // Kind 5: a rung of blanks only is empty and passes; anything else in it ends the program.
-Next CompileBlankRung(CompileSession& s) {
+RungOutcome CompileBlankRung(CompileSession& s) {
   const RungGrid& grid = s.reader.grid;
   std::size_t i = 0;
   while (i < grid.size() && grid[i].element() == 5) ++i;
-  if (i < grid.size() && grid[i].type == 0) return Next::kRung;
+  if (i < grid.size() && grid[i].type == 0) return RungOutcome::kNextRung;
   ReportError(s, 1002);
-  return Next::kEndProgram;
+  return RungOutcome::kEndProgram;
 }
 
 // Kind 41: closes the conditional block that the network compiler opened.
-Next CompileConditionalEnd(CompileSession& s) {
+RungOutcome CompileConditionalEnd(CompileSession& s) {
   DispatchState& d = s.dispatch;
   if (d.conditional_block != 1) {
     FailRung(s, 57);
-    return Next::kRung;
+    return RungOutcome::kNextRung;
   }
   d.conditional_block = 0;
   d.record.Clear();
@@ -148,19 +146,19 @@ Next CompileConditionalEnd(CompileSession& s) {
   WriteRecord(s, 'R', d.record.data());
   ++d.instruction_counter;
   ++d.program_rung_count;
-  return CheckRungBalance(s) ? Next::kRung : Next::kEndProgram;
+  return CheckRungBalance(s) ? RungOutcome::kNextRung : RungOutcome::kEndProgram;
 }
 
 // Kind 25: a subroutine starts; only after the end-of-main rung and not inside another one.
-Next CompileSubroutineStart(CompileSession& s) {
+RungOutcome CompileSubroutineStart(CompileSession& s) {
   DispatchState& d = s.dispatch;
   if (d.sub_area_depth == 0) {
     FailRung(s, 28);
-    return Next::kRung;
+    return RungOutcome::kNextRung;
   }
   if (d.subroutine_flag != 0) {
     FailRung(s, 60);
-    return Next::kRung;
+    return RungOutcome::kNextRung;
   }
   d.subroutine_flag = 1;
   ++d.sub_area_depth;
@@ -168,16 +166,16 @@ Next CompileSubroutineStart(CompileSession& s) {
 }
 
 // Kind 26: the open subroutine ends.
-Next CompileSubroutineEnd(CompileSession& s) {
+RungOutcome CompileSubroutineEnd(CompileSession& s) {
   DispatchState& d = s.dispatch;
   if (d.subroutine_flag != 1) {
     FailRung(s, 66);
-    return Next::kRung;
+    return RungOutcome::kNextRung;
   }
   d.subroutine_flag = 0;
   if (d.sub_area_depth < 2) {
     FailRung(s, 38);
-    return Next::kRung;
+    return RungOutcome::kNextRung;
   }
   --d.sub_area_depth;
   return NamedUnit(s, 26, "Ls", 0);
@@ -185,11 +183,11 @@ Next CompileSubroutineEnd(CompileSession& s) {
 
 // Kind 29: the main program ends; its instruction total is kept and the subroutine area opens
 // for this and every later program.
-Next CompileEndOfMain(CompileSession& s) {
+RungOutcome CompileEndOfMain(CompileSession& s) {
   DispatchState& d = s.dispatch;
   if (d.sub_area_depth != 0) {
     FailRung(s, 32);
-    return Next::kRung;
+    return RungOutcome::kNextRung;
   }
   s.driver.main_instruction_total = d.instruction_counter + 1;
   s.driver.subroutine_instruction_total = 0;
@@ -199,11 +197,11 @@ Next CompileEndOfMain(CompileSession& s) {
 }
 
 // Kind 42: a block starts; its name field becomes "K_0000".
-Next CompileBlockStart(CompileSession& s) {
+RungOutcome CompileBlockStart(CompileSession& s) {
   DispatchState& d = s.dispatch;
   if (d.sub_area_depth == 0) {
     FailRung(s, 28);
-    return Next::kRung;
+    return RungOutcome::kNextRung;
   }
   ++d.sub_area_depth;
   const CellRecord& cell = s.reader.grid[0];
@@ -215,11 +213,11 @@ Next CompileBlockStart(CompileSession& s) {
 }
 
 // Kind 43: the open block ends.
-Next CompileBlockEnd(CompileSession& s) {
+RungOutcome CompileBlockEnd(CompileSession& s) {
   DispatchState& d = s.dispatch;
   if (d.sub_area_depth < 2) {
     FailRung(s, 38);
-    return Next::kRung;
+    return RungOutcome::kNextRung;
   }
   --d.sub_area_depth;
   return NamedUnit(s, 43, "Li", 0);
@@ -227,7 +225,7 @@ Next CompileBlockEnd(CompileSession& s) {
 
 // Any other kind cannot stand first in a rung: the rung is reported by its validation code (and
 // counted) or as error 1002, and the program ends.
-Next CompileOtherRung(CompileSession& s) {
+RungOutcome CompileOtherRung(CompileSession& s) {
   const int code = ValidateRung(s.reader.grid);
   if (code != 0) {
     ++s.dispatch.program_rung_count;
@@ -235,14 +233,15 @@ Next CompileOtherRung(CompileSession& s) {
   } else {
     ReportError(s, 1002);
   }
-  return Next::kEndProgram;
+  return RungOutcome::kEndProgram;
 }
 
-// Routes a rung by its kind, the element code of its first record.
-Next DispatchRung(CompileSession& s, int kind) {
+}  // namespace
+
+RungOutcome DispatchRung(CompileSession& s, int kind) {
   switch (kind) {
     case 0:
-      return Next::kEndProgram;
+      return RungOutcome::kEndProgram;
     case 1:
       return CompileLadderNetwork(s);
     case 5:
@@ -254,7 +253,7 @@ Next DispatchRung(CompileSession& s, int kind) {
     case 24:
       if (s.dispatch.sub_area_depth != 0) {
         FailRung(s, 31);
-        return Next::kRung;
+        return RungOutcome::kNextRung;
       }
       return NamedUnit(s, 24, "LC", s.labels.subroutines.Reference(NameField(s)));
     case 25:
@@ -274,9 +273,11 @@ Next DispatchRung(CompileSession& s, int kind) {
   }
 }
 
+namespace {
+
 // One pass of the rung loop: the per-rung resets, the Escape check, then one rung read and
 // handled.
-Next CompileNextRung(CompileSession& s) {
+RungOutcome CompileNextRung(CompileSession& s) {
   s.diag.current_error = 0;
   const bool key_waiting = s.keyboard != nullptr && s.keyboard->KeyWaiting();
   s.diag.item.Clear();
@@ -285,14 +286,14 @@ Next CompileNextRung(CompileSession& s) {
   s.diag.rung_error_latch = false;
   if (key_waiting && ReadEscapeKey(*s.keyboard)) {
     ReportError(s, 47);
-    return Next::kEndProgram;
+    return RungOutcome::kEndProgram;
   }
   int kind = 0;
   const int read = ReadRung(s, s.reader.grid, s.reader.pool, &kind);
-  if (read == -1 || read == -2) return Next::kEndProgram;
+  if (read == -1 || read == -2) return RungOutcome::kEndProgram;
   if (read != 0) {
     ReportError(s, 1000 + read);
-    return Next::kEndProgram;
+    return RungOutcome::kEndProgram;
   }
   return DispatchRung(s, kind);
 }
@@ -313,7 +314,7 @@ int CompileProgram(CompileSession& session) {
   session.dispatch.program_rung_count = 0;
   session.dispatch.conditional_block = 0;
   session.dispatch.subroutine_flag = 0;
-  while (CompileNextRung(session) == Next::kRung) {
+  while (CompileNextRung(session) == RungOutcome::kNextRung) {
   }
   CloseLadderSource(session);
   if (session.reader.last_row_dropped) {
