@@ -41,8 +41,8 @@ std::string RungBench::Dump() const {
   return DumpGrid(session_->reader.grid, session_->reader.cell_count);
 }
 
-int RungBench::CompileProgram(std::string_view name, const LadderSource& source) {
-  project_.WriteLadder(name, source);
+int RungBench::CompileProgram(std::string_view name, const LadderSource& source, bool end_record) {
+  project_.WriteFile(name, source.Text(end_record));
   session_->driver.program_name.Set(name);
   return rungc::CompileProgram(*session_);
 }

@@ -33,7 +33,7 @@ class RungBench {
   std::string Dump() const;
 
   // Writes a program source and compiles it with the rung loop alone, as the driver would.
-  int CompileProgram(std::string_view name, const LadderSource& source);
+  int CompileProgram(std::string_view name, const LadderSource& source, bool end_record = true);
 
   // Closes the output files and gives their lines (the listing without its header line).
   std::vector<std::string> ErrorLines();
