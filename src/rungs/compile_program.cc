@@ -38,28 +38,6 @@ std::string_view NameField(const CompileSession& s) {
   return operand == nullptr ? std::string_view() : std::string_view(operand);
 }
 
-}  // namespace
-
-bool CheckRungBalance(CompileSession& s) {
-  const char* text = s.dispatch.record.data();
-  int sum = 0;
-  for (std::size_t at = 0; at + kUnitSize <= kCodeRecordSize && text[at] != '\0'; at += kUnitSize) {
-    const char letter = text[at];
-    if (letter == 'D' || letter == 'Y' || letter == 'd') ++sum;
-    if (letter == 'E' || letter == 'F') --sum;
-  }
-  if (sum == 0) return true;
-  s.diag.current_error = 80;
-  // The record writer numbers an error with the rung count plus 1; this one names the rung that
-  // was just counted.
-  --s.dispatch.program_rung_count;
-  WriteRecord(s, 'E', std::string_view());
-  ++s.dispatch.program_rung_count;
-  return false;
-}
-
-namespace {
-
 // Writes the code record of a compiled rung and checks its balance.
 RungOutcome WriteRungRecord(CompileSession& s) {
   WriteRecord(s, 'R', s.dispatch.record.data());
@@ -94,8 +72,9 @@ int NameLength(const CompileSession& s, int kind) {
   return s.reader.elements[static_cast<std::size_t>(kind)].lengths[0];
 }
 
-// Starts the unit of a structural rung and, when the rung's name must enter a label table, gives
-// the table's result: 0 or an error number.
+// Makes the one-unit record of a structural rung: a failure of its label-table operation
+// (`table_result`; 0 when it passed or the kind has none) is reported, otherwise the record gets
+// the two letters and the name tail.
 RungOutcome NamedUnit(CompileSession& s, int kind, std::string_view letters, int table_result) {
   if (table_result != 0) {
     FailRung(s, table_result);
@@ -147,6 +126,15 @@ RungOutcome CompileConditionalEnd(CompileSession& s) {
   ++d.instruction_counter;
   ++d.program_rung_count;
   return CheckRungBalance(s) ? RungOutcome::kNextRung : RungOutcome::kEndProgram;
+}
+
+// Kind 24: a call; only in the main program, before the end-of-main rung.
+RungOutcome CompileCall(CompileSession& s) {
+  if (s.dispatch.sub_area_depth != 0) {
+    FailRung(s, 31);
+    return RungOutcome::kNextRung;
+  }
+  return NamedUnit(s, 24, "LC", s.labels.subroutines.Reference(NameField(s)));
 }
 
 // Kind 25: a subroutine starts; only after the end-of-main rung and not inside another one.
@@ -236,45 +224,6 @@ RungOutcome CompileOtherRung(CompileSession& s) {
   return RungOutcome::kEndProgram;
 }
 
-}  // namespace
-
-RungOutcome DispatchRung(CompileSession& s, int kind) {
-  switch (kind) {
-    case 0:
-      return RungOutcome::kEndProgram;
-    case 1:
-      return CompileLadderNetwork(s);
-    case 5:
-      return CompileBlankRung(s);
-    case 21:
-      return NamedUnit(s, 21, "LJ", s.labels.jumps.Reference(NameField(s)));
-    case 23:
-      return NamedUnit(s, 23, "Ll", s.labels.jumps.Define(NameField(s)));
-    case 24:
-      if (s.dispatch.sub_area_depth != 0) {
-        FailRung(s, 31);
-        return RungOutcome::kNextRung;
-      }
-      return NamedUnit(s, 24, "LC", s.labels.subroutines.Reference(NameField(s)));
-    case 25:
-      return CompileSubroutineStart(s);
-    case 26:
-      return CompileSubroutineEnd(s);
-    case 29:
-      return CompileEndOfMain(s);
-    case 41:
-      return CompileConditionalEnd(s);
-    case 42:
-      return CompileBlockStart(s);
-    case 43:
-      return CompileBlockEnd(s);
-    default:
-      return CompileOtherRung(s);
-  }
-}
-
-namespace {
-
 // One pass of the rung loop: the per-rung resets, the Escape check, then one rung read and
 // handled.
 RungOutcome CompileNextRung(CompileSession& s) {
@@ -299,6 +248,55 @@ RungOutcome CompileNextRung(CompileSession& s) {
 }
 
 }  // namespace
+
+RungOutcome DispatchRung(CompileSession& s, int kind) {
+  switch (kind) {
+    case 0:
+      return RungOutcome::kEndProgram;
+    case 1:
+      return CompileLadderNetwork(s);
+    case 5:
+      return CompileBlankRung(s);
+    case 21:
+      return NamedUnit(s, 21, "LJ", s.labels.jumps.Reference(NameField(s)));
+    case 23:
+      return NamedUnit(s, 23, "Ll", s.labels.jumps.Define(NameField(s)));
+    case 24:
+      return CompileCall(s);
+    case 25:
+      return CompileSubroutineStart(s);
+    case 26:
+      return CompileSubroutineEnd(s);
+    case 29:
+      return CompileEndOfMain(s);
+    case 41:
+      return CompileConditionalEnd(s);
+    case 42:
+      return CompileBlockStart(s);
+    case 43:
+      return CompileBlockEnd(s);
+    default:
+      return CompileOtherRung(s);
+  }
+}
+
+bool CheckRungBalance(CompileSession& s) {
+  const char* text = s.dispatch.record.data();
+  int sum = 0;
+  for (std::size_t at = 0; at + kUnitSize <= kCodeRecordSize && text[at] != '\0'; at += kUnitSize) {
+    const char letter = text[at];
+    if (letter == 'D' || letter == 'Y' || letter == 'd') ++sum;
+    if (letter == 'E' || letter == 'F') --sum;
+  }
+  if (sum == 0) return true;
+  s.diag.current_error = 80;
+  // The record writer numbers an error with the rung count plus 1; this one names the rung that
+  // was just counted.
+  --s.dispatch.program_rung_count;
+  WriteRecord(s, 'E', std::string_view());
+  ++s.dispatch.program_rung_count;
+  return false;
+}
 
 int CompileProgram(CompileSession& session) {
   RebuildElementTable(session.reader.elements);
