@@ -142,14 +142,5 @@ INSTANTIATE_TEST_SUITE_P(Tables, LabelTableTest,
                            return info.param.name;
                          });
 
-TEST(LabelTableErrors, NumbersOfTheTwoTables) {
-  EXPECT_EQ(kJumpLabelErrors.defined_twice, 34);
-  EXPECT_EQ(kJumpLabelErrors.table_full, 33);
-  EXPECT_EQ(kJumpLabelErrors.not_found, 37);
-  EXPECT_EQ(kSubroutineErrors.defined_twice, 59);
-  EXPECT_EQ(kSubroutineErrors.table_full, 59);
-  EXPECT_EQ(kSubroutineErrors.not_found, 58);
-}
-
 }  // namespace
 }  // namespace rungc

@@ -181,14 +181,6 @@ TEST(CompileProgram, LastRowDroppedIsNotedPerProgram) {
             (Lines{"#F#CUT.PLC", "#R#L2______", "#F#WHOLE.PLC", "#R#LTK_0000"}));
 }
 
-TEST(CompileProgram, ErrorLatchClearedOnTheEndOfFilePass) {
-  RungBench bench;
-  bench.CompileProgram("MAIN.PLC", Rungs({"23()"}));
-  EXPECT_FALSE(bench.session().diag.rung_error_latch);
-  bench.CompileProgram("BAD.PLC", Rungs({"2(A) -x8 3(Y)"}));
-  EXPECT_TRUE(bench.session().diag.rung_error_latch);
-}
-
 TEST(CompileProgram, ConditionalEndClosesTheOpenBlock) {
   RungBench bench;
   bench.Open(Rungs({"41", "41"}));

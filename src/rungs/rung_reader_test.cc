@@ -64,19 +64,6 @@ INSTANTIATE_TEST_SUITE_P(
                       "28 1A 1D 29 2B 04 04 04 04 03(Y)"}),
     [](const ::testing::TestParamInfo<ExpansionCase>& info) { return info.param.name; });
 
-TEST(RungReader, CellLengthsAreTheElementTotals) {
-  RungBench bench;
-  bench.Open(LadderSource().Row("8(T1,K10) ^10(A,B,C) 11 -x0"));
-  ASSERT_EQ(bench.Read(), 0);
-  const RungGrid& grid = bench.session().reader.grid;
-  EXPECT_EQ(grid[0].length, 12);
-  EXPECT_EQ(grid[1].length, 96);
-  EXPECT_EQ(grid[2].length, 0);  // filler
-  EXPECT_EQ(grid[8].length, 0);  // element 11
-  EXPECT_NE(grid[8].operand, nullptr);
-  EXPECT_EQ(grid[9].operand, nullptr);  // filler of element 11
-}
-
 TEST(RungReader, LowerCaseHexDigitsReadAsUpperCase) {
   // The same row once in upper and once in lower case: "8ac000" must read as "8AC000".
   std::string upper = testing::EncodeRecord(Cell(1, {"X1"}), 0xC0) +
@@ -303,20 +290,6 @@ TEST(RungReader, ElementFlagsFollowTheElementsExpanded) {
   EXPECT_FALSE(r.ordinary_element_seen);
   ASSERT_EQ(bench.Read(), 0);
   EXPECT_TRUE(r.ordinary_element_seen);
-}
-
-TEST(RungReader, ElementTableListsOperandLengths) {
-  ElementTable table;
-  table[12].code = 99;  // stale content of an earlier program is cleared
-  RebuildElementTable(table);
-  EXPECT_EQ(table[12].code, 0);
-  EXPECT_EQ(table[30].operands, 3);
-  EXPECT_EQ(table[30].total_length(), 204);
-  EXPECT_EQ(table[49].total_length(), 18);
-  EXPECT_EQ(table[45].code, 45);
-  EXPECT_EQ(table[45].lengths[1], 6);
-  EXPECT_EQ(table[50].total_length(), 32);
-  EXPECT_EQ(table[63].total_length(), 0);
 }
 
 }  // namespace
