@@ -92,12 +92,12 @@ TEST(RungsEndToEnd, JumpsLabelsCallsAndSubroutines) {
   EXPECT_EQ(session.Compile(p.dir()), kCompileFailed);
   EXPECT_EQ(p.ReadFile("PLANT.ERR"),
             FileText(Concat({"#F#MAIN.PLC", "#E#NERR=60#RUNG=6"}, SummaryLines(9, 1, 0, 6, 4, 2))));
-  // Names as the rung loop writes them. PENDING the label pass: it turns the call, jump, label
-  // and subroutine-start names into "K%05X" displacements and "K_%04X" slot names; update these
-  // four records when it lands.
+  // The label pass gives the call and the jump their forward displacements in bytes (call at
+  // unit 0 to the subroutine at unit 4, jump at unit 1 to the label at unit 2) and the
+  // definitions their slot names.
   EXPECT_EQ(p.ReadFile("PLANT.LII"),
-            FileText({kListingHeader, "#F#MAIN.PLC", "#R#LCSUB1__", "#R#LJAB____", "#R#LlAB____",
-                      "#R#L2______", "#R#LSSUB1__", "#R#Ls______", "#R#L3______"}));
+            FileText({kListingHeader, "#F#MAIN.PLC", "#R#LCK00010", "#R#LJK00004", "#R#LlK_0000",
+                      "#R#L2______", "#R#LSK_0000", "#R#Ls______", "#R#L3______"}));
 }
 
 TEST(RungsEndToEnd, EscapeEndsOneProgramAndTheNextIsCompiled) {
