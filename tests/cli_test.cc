@@ -6,6 +6,7 @@
 
 #include "support/driver_fixtures.h"
 #include "support/ladder_builder.h"
+#include "support/seqmsg_fixtures.h"
 
 namespace rungc {
 namespace {
@@ -122,6 +123,24 @@ TEST(ToolProcess, HelpVersionAndWrongCommandLines) {
     EXPECT_THAT(wrong.err, HasSubstr("usage: rungc compile"));
   }
   EXPECT_FALSE(p.Exists("PLANT.ERR"));  // a wrong command line compiles nothing
+}
+
+TEST(ToolProcess, MessagesPrintsAModulesSectionsOrTheLanguagesAvailable) {
+  TempProject p;
+  const testing::ToolRun none = RunTool({"messages"}, p.dir());
+  EXPECT_EQ(none.status, 1);
+  EXPECT_THAT(none.err, HasSubstr("no message file"));
+
+  p.WriteFile("MESSAG.ING",
+              testing::MessageFile().Section(24).Entry(1, "Output in the input area").Text());
+  const testing::ToolRun comp = RunTool({"messages", "--lang", "ing", "COMP"}, p.dir());
+  EXPECT_EQ(comp.status, 0) << comp.err;
+  EXPECT_THAT(comp.out, HasSubstr("#B24 WCMP_WARN\n   1  Output in the input area\n#B25 WANA_ERRS\n"));
+  EXPECT_THAT(comp.out, HasSubstr("#B26 WCMP_ERRS\n   1  *****\n"));
+
+  const testing::ToolRun other = RunTool({"messages", "--lang", "ITA"}, p.dir());
+  EXPECT_EQ(other.status, 1);
+  EXPECT_THAT(other.err, HasSubstr("no usable MESSAG.ITA here; languages available: ING"));
 }
 
 }  // namespace

@@ -182,9 +182,10 @@ int RunMessages(const CommandLine& command_line, std::FILE* out, std::FILE* err)
     return kExitOk;
   }
   if (available.empty()) {
-    std::fputs("rungc: messages: no message file (MESSAG.ITA, .DEU, .FRA, .ING or .SPA) with a "
-               "good header in this directory\n",
-               err);
+    std::fputs(
+        "rungc: messages: no message file (MESSAG.ITA, .DEU, .FRA, .ING or .SPA) with a "
+        "good header in this directory\n",
+        err);
   } else {
     std::fprintf(err, "rungc: messages: no usable MESSAG.%s here; languages available: %s\n",
                  language.c_str(), available.c_str());

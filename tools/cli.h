@@ -10,10 +10,10 @@
 namespace rungc::tool {
 
 // Exit statuses of the tool.
-inline constexpr int kExitOk = 0;           // result 0
-inline constexpr int kExitFailed = 1;       // result 4098
-inline constexpr int kExitUnusable = 2;     // result 4097
-inline constexpr int kExitUsage = 64;       // a wrong command line
+inline constexpr int kExitOk = 0;        // result 0
+inline constexpr int kExitFailed = 1;    // result 4098
+inline constexpr int kExitUnusable = 2;  // result 4097
+inline constexpr int kExitUsage = 64;    // a wrong command line
 
 enum class Command { kCompile, kMessages, kHelp, kVersion, kUsageError };
 

@@ -7,7 +7,6 @@
 #include "common/session.h"
 #include "driver/project_files.h"
 #include "rungc/session.h"
-#include "source_end.h"
 
 namespace rungc::tool {
 
@@ -166,15 +165,13 @@ void ExplainStoppedList(CompileSession& s, std::FILE* err) {
   }
 }
 
-void WarnDroppedRows(CompileSession& s, const ErrorFileReport& report, std::FILE* err) {
-  for (const std::string& file : report.files) {
-    if (file == "NoName") continue;
-    const std::filesystem::path source = s.work_dir.ResolveInput(ProjectPath(s, file));
-    if (LastRowDropped(source)) {
-      PrintLine(err, "rungc: warning: " + file +
-                         ": the source does not end with a row-end record, so its last row "
-                         "was not compiled");
-    }
+// The rung reader notes every program whose source lacks its closing row-end record: such a
+// source loses its last row, which a person should hear about (the error file cannot say it).
+void WarnDroppedRows(CompileSession& s, std::FILE* err) {
+  for (const std::string& file : s.reader.programs_missing_row_end) {
+    PrintLine(err, "rungc: warning: " + file +
+                       ": the source does not end with a row-end record, so its last row "
+                       "was not compiled");
   }
 }
 
@@ -272,7 +269,7 @@ void ExplainCompile(Session& session, std::uint32_t result, bool ran_sequences, 
               "rungc: a sequence of the sequence file failed to compile; the listing holds "
               "no lines of it");
   }
-  WarnDroppedRows(s, report, err);
+  WarnDroppedRows(s, err);
   RunSummary totals = report.summary;
   if (!totals.present) {
     totals.errors = s.diag.error_count;

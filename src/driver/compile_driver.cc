@@ -80,6 +80,7 @@ std::uint32_t CompileEntry(CompileSession& session) {
   session.diag.current_warning = 0;
   session.diag.error_count = 0;
   session.diag.warning_count = 0;
+  session.reader.programs_missing_row_end.clear();
   session.labels.jumps.Empty();
   session.labels.subroutines.Empty();
   try {
