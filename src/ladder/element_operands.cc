@@ -53,8 +53,7 @@ void LoadOperandBuffer(CompileSession& s, const CellRecord& cell) {
 }
 
 bool IsOutputElement(int type_value) {
-  return type_value == 3 || type_value == 6 || type_value == 7 || type_value == 40 ||
-         type_value == 67;
+  return OneOf(type_value, {3, 6, 7, 40, 67});
 }
 
 // Element 16 ('c'): the letter T or C and a word number of 1 to 4 hexadecimal digits.

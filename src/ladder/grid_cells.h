@@ -3,7 +3,9 @@
 // outside the grid reads as an empty cell, so no search can leave the grid.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
+#include <initializer_list>
 #include <string_view>
 
 #include "common/cell.h"
@@ -27,6 +29,12 @@ inline bool IsLinked(const CellRecord& cell) {
 // Linked, but a linked column-0 contact (0x81) does not count: the upward merge uses it.
 inline bool IsStronglyLinked(const CellRecord& cell) {
   return cell.type > 0x81;
+}
+
+// True when `value` is one of `set` (element codes, unit letters).
+template <typename T>
+bool OneOf(T value, std::initializer_list<T> set) {
+  return std::find(set.begin(), set.end(), value) != set.end();
 }
 
 // The cell's operand text up to its NUL, at most its operand length; empty when it has none.

@@ -27,50 +27,12 @@ bool EndsRow(int index) {
 // Elements that may end a row of a series in column 9: outputs, timers, counters, element 16,
 // jumps, calls and the conditional-block element.
 bool MayEndRow(int code) {
-  switch (code) {
-    case 3:
-    case 6:
-    case 7:
-    case 8:
-    case 9:
-    case 16:
-    case 22:
-    case 31:
-    case 40:
-    case 44:
-    case 45:
-    case 46:
-    case 47:
-    case 48:
-      return true;
-    default:
-      return false;
-  }
+  return OneOf(code, {3, 6, 7, 8, 9, 16, 22, 31, 40, 44, 45, 46, 47, 48});
 }
 
 // Elements whose right edge can carry a branch from below back up into the row above.
 bool EndsBranchFromBelow(int code) {
-  switch (code) {
-    case 1:
-    case 2:
-    case 3:
-    case 4:
-    case 8:
-    case 9:
-    case 16:
-    case 17:
-    case 18:
-    case 22:
-    case 31:
-    case 44:
-    case 45:
-    case 46:
-    case 47:
-    case 48:
-      return true;
-    default:
-      return false;
-  }
+  return OneOf(code, {1, 2, 3, 4, 8, 9, 16, 17, 18, 22, 31, 44, 45, 46, 47, 48});
 }
 
 // A compiled series head reads as a blank from then on; its link flag stays.

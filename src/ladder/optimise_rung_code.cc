@@ -5,6 +5,7 @@
 
 #include "common/session.h"
 #include "diag/report.h"
+#include "ladder/grid_cells.h"
 
 namespace rungc {
 
@@ -88,25 +89,8 @@ void MakePreviousAnd(CodeRecord& record) {
 }
 
 bool LeadsToOutput(const char* unit) {
-  switch (unit[0]) {
-    case 'G':
-    case 'g':
-    case 'I':
-    case 'i':
-    case 'J':
-    case 'T':
-    case 'P':
-    case 'Q':
-    case 'O':
-    case 'C':
-    case 'c':
-    case 'o':
-    case 'p':
-    case 'L':
-      return true;
-    default:
-      return unit[0] == 'M' && unit[1] == 'A';
-  }
+  if (unit[0] == 'M') return unit[1] == 'A';
+  return OneOf(unit[0], {'G', 'g', 'I', 'i', 'J', 'T', 'P', 'Q', 'O', 'C', 'c', 'o', 'p', 'L'});
 }
 
 // Load handling of unit k with letter `l` ('D', 'd' or 'Y'). Gives false when the unit is dropped.
