@@ -27,7 +27,9 @@ int TotalLength(int code) {
 
 }  // namespace
 
-std::unique_ptr<CompileSession> NewSession() { return std::make_unique<CompileSession>(); }
+std::unique_ptr<CompileSession> NewSession() {
+  return std::make_unique<CompileSession>();
+}
 
 void LoadRungCells(CompileSession& s, const std::vector<std::vector<Cell>>& rows) {
   s.reader.grid.fill(CellRecord{});
@@ -41,9 +43,9 @@ void LoadRungCells(CompileSession& s, const std::vector<std::vector<Cell>>& rows
   for (const std::vector<Cell>& row : rows) {
     const std::size_t row_start = next;
     for (const Cell& cell : row) {
-      const auto type = static_cast<std::uint8_t>((cell.link ? kLinkFlag : 0) |
-                                                  (cell.variant ? kVariantFlag : 0) |
-                                                  (cell.code & kElementMask));
+      const auto type =
+          static_cast<std::uint8_t>((cell.link ? kLinkFlag : 0) |
+                                    (cell.variant ? kVariantFlag : 0) | (cell.code & kElementMask));
       const int length = TotalLength(cell.code);
       std::string operand = cell.use_raw ? cell.raw_operand : EncodeRecord(cell, 0).substr(6);
       CellRecord record{type, static_cast<std::uint8_t>(length), nullptr};
@@ -60,7 +62,8 @@ void LoadRungCells(CompileSession& s, const std::vector<std::vector<Cell>>& rows
         case 38:
           record.operand = AddToPool(s, used, operand);
           place(record);
-          for (int k = 0; k < 6; ++k) place(CellRecord{static_cast<std::uint8_t>(type & kTypeMask)});
+          for (int k = 0; k < 6; ++k)
+            place(CellRecord{static_cast<std::uint8_t>(type & kTypeMask)});
           break;
         case 39:
           break;
