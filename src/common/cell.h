@@ -17,9 +17,9 @@ inline constexpr std::uint8_t kElementMask = 0x3F;
 inline constexpr std::uint8_t kTypeMask = 0x7F;
 
 struct CellRecord {
-  std::uint8_t type = 0;           // 0 = empty cell
-  std::uint8_t length = 0;         // sum of the element's operand lengths, or 0
-  const char* operand = nullptr;   // NUL-terminated text in the operand pool, or null
+  std::uint8_t type = 0;          // 0 = empty cell
+  std::uint8_t length = 0;        // sum of the element's operand lengths, or 0
+  const char* operand = nullptr;  // NUL-terminated text in the operand pool, or null
 
   bool linked() const { return (type & kLinkFlag) != 0; }
   std::uint8_t element() const { return type & kElementMask; }

@@ -13,8 +13,8 @@ namespace rungc {
 
 // Operand type flags. The area flags come first so that the sets of the generators can be written
 // as masks; the classifier and the encoders depend on these exact values.
-inline constexpr std::uint32_t OPT_X = 0x00001;      // area X (inputs)
-inline constexpr std::uint32_t OPT_Y = 0x00002;      // area Y (outputs)
+inline constexpr std::uint32_t OPT_X = 0x00001;  // area X (inputs)
+inline constexpr std::uint32_t OPT_Y = 0x00002;  // area Y (outputs)
 inline constexpr std::uint32_t OPT_R = 0x00004;
 inline constexpr std::uint32_t OPT_M = 0x00008;
 inline constexpr std::uint32_t OPT_F = 0x00010;
@@ -34,7 +34,9 @@ inline constexpr std::uint32_t OPT_OPER = 0x20000;   // operator sign or keyword
 inline constexpr std::uint32_t OPT_FLOAT = 0x40000;  // floating-point constant
 
 // True when the type has no bit outside the set (an empty operand, type 0, fits every set).
-constexpr bool FitsSet(std::uint32_t type, std::uint32_t set) { return (type & ~set) == 0; }
+constexpr bool FitsSet(std::uint32_t type, std::uint32_t set) {
+  return (type & ~set) == 0;
+}
 
 struct OperandTable {
   std::array<FixedText<kOperandTextMax>, kOperandCount> text;

@@ -18,10 +18,10 @@
 namespace rungc {
 
 struct CompileSession {
-  platform::WorkDir work_dir;                // where "status.kpx" and "memory.ovl" are read
-  platform::Keyboard* keyboard = nullptr;    // null: no console, no key is ever waiting
-  bool run_sequencer = false;                // compile the sequence file after the object code
-  int sequence_result = -1;                  // result of that sequence compile; -1 not run
+  platform::WorkDir work_dir;              // where "status.kpx" and "memory.ovl" are read
+  platform::Keyboard* keyboard = nullptr;  // null: no console, no key is ever waiting
+  bool run_sequencer = false;              // compile the sequence file after the object code
+  int sequence_result = -1;                // result of that sequence compile; -1 not run
 
   DiagState diag;
   DriverState driver;

@@ -12,13 +12,13 @@
 namespace rungc {
 
 struct DiagState {
-  std::int32_t current_error = 0;    // also set directly by other passes as a status
+  std::int32_t current_error = 0;  // also set directly by other passes as a status
   std::int32_t current_warning = 0;
-  FixedText<kReportTextMax> item;    // empty = none
-  FixedText<kReportTextMax> text;    // empty = none
-  bool rung_error_latch = false;     // set after an error; further errors of the rung are dropped
-  std::int32_t error_count = 0;      // E and J records written
-  std::int32_t warning_count = 0;    // W records written
+  FixedText<kReportTextMax> item;      // empty = none
+  FixedText<kReportTextMax> text;      // empty = none
+  bool rung_error_latch = false;       // set after an error; further errors of the rung are dropped
+  std::int32_t error_count = 0;        // E and J records written
+  std::int32_t warning_count = 0;      // W records written
   std::uint32_t listing_checksum = 0;  // kept for the life of the session (module-load lifetime)
   platform::OutputFile listing;
   platform::OutputFile error_file;

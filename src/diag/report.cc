@@ -87,7 +87,8 @@ void WriteLabelErrorLines(CompileSession& s) {
 
 void AddToListingChecksum(CompileSession& session, std::string_view bytes) {
   std::uint32_t sum = session.diag.listing_checksum;
-  for (char c : bytes) sum += static_cast<std::uint32_t>(static_cast<std::int32_t>(static_cast<signed char>(c)));
+  for (char c : bytes)
+    sum += static_cast<std::uint32_t>(static_cast<std::int32_t>(static_cast<signed char>(c)));
   session.diag.listing_checksum = sum;
 }
 

@@ -92,7 +92,10 @@ std::uint32_t CompileEntry(CompileSession& session) {
 }
 
 std::uint32_t CompileDriver(CompileSession& session) {
-  if (ReadStatusAndProject(session) != 0) return 4097;
+  if (ReadStatusAndProject(session) != 0) {
+    CloseAllFiles(session);  // nothing stays open between calls
+    return 4097;
+  }
   DeletePreviousObjectFile(session);
   const int map = LoadMemoryMap(session, "memory.ovl");
   if (map != -1) DeriveAreaSizes(session.memory);
@@ -178,7 +181,8 @@ void AppendListingChecksum(CompileSession& session) {
   if (!listing.OpenAppend(session.diag.listing_path)) return;
   AddToListingChecksum(session, "#s#");
   std::array<char, 24> line;
-  std::snprintf(line.data(), line.size(), "#s#%04X", static_cast<unsigned>(session.diag.listing_checksum));
+  std::snprintf(line.data(), line.size(), "#s#%04X",
+                static_cast<unsigned>(session.diag.listing_checksum));
   listing.WriteLine(line.data());
 }
 

@@ -14,8 +14,8 @@ namespace rungc {
 struct CompileSession;
 
 struct MemoryArea {
-  FixedText<7> name;          // upper case; a one-letter name carries a trailing blank
-  std::int32_t kind = 0;      // from the area kind table, -1 when the kind word is unknown
+  FixedText<7> name;      // upper case; a one-letter name carries a trailing blank
+  std::int32_t kind = 0;  // from the area kind table, -1 when the kind word is unknown
   std::int32_t base = 0;
   std::int32_t group_size = 0;
   std::int32_t group_count = 0;    // the group part of an index stays below it (high limit)

@@ -74,8 +74,9 @@ int ReadStatusAndProject(CompileSession& session) {
   TakeListingName(d);
   status.Close();
 
-  if (!d.project_file.Open(session.work_dir.ResolveInput(ProjectPath(session, d.project_file_name.view())),
-                           platform::OpenMode::kText)) {
+  if (!d.project_file.Open(
+          session.work_dir.ResolveInput(ProjectPath(session, d.project_file_name.view())),
+          platform::OpenMode::kText)) {
     return Fail(session, 55);
   }
   d.project_file.ReadLine(line.data(), 99);

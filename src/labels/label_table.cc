@@ -9,9 +9,13 @@ namespace rungc {
 
 namespace {
 
-bool EndsName(char c) { return c == '\0' || c == ' ' || c == '\n' || c == '\t'; }
+bool EndsName(char c) {
+  return c == '\0' || c == ' ' || c == '\n' || c == '\t';
+}
 
-char At(std::string_view s, std::size_t i) { return i < s.size() ? s[i] : '\0'; }
+char At(std::string_view s, std::size_t i) {
+  return i < s.size() ? s[i] : '\0';
+}
 
 std::size_t SkipBlanks(std::string_view s) {
   std::size_t i = 0;

@@ -59,7 +59,7 @@ class LabelTable {
 };
 
 struct LabelState {
-  LabelTable jumps{kJumpLabelErrors};        // JumpLabelTable
+  LabelTable jumps{kJumpLabelErrors};         // JumpLabelTable
   LabelTable subroutines{kSubroutineErrors};  // SubroutineTable
 };
 

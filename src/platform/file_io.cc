@@ -45,7 +45,8 @@ std::filesystem::path WorkDir::ResolveInput(std::string_view name) const {
   const std::string wanted = path.filename().string();
   std::filesystem::path match;
   int matches = 0;
-  for (std::filesystem::directory_iterator it(parent, ec), end; !ec && it != end; it.increment(ec)) {
+  for (std::filesystem::directory_iterator it(parent, ec), end; !ec && it != end;
+       it.increment(ec)) {
     if (SameIgnoringCase(it->path().filename().string(), wanted)) {
       match = it->path();
       ++matches;
@@ -125,15 +126,16 @@ std::size_t InputFile::Read(char* buffer, std::size_t count) {
   return n;
 }
 
-long InputFile::Tell() const { return file_ == nullptr ? -1 : std::ftell(file_); }
+long InputFile::Tell() const {
+  return file_ == nullptr ? -1 : std::ftell(file_);
+}
 
 bool InputFile::Seek(long offset) {
   at_eof_ = false;
   return file_ != nullptr && std::fseek(file_, offset, SEEK_SET) == 0;
 }
 
-OutputFile::OutputFile(OutputFile&& other) noexcept
-    : file_(std::exchange(other.file_, nullptr)) {}
+OutputFile::OutputFile(OutputFile&& other) noexcept : file_(std::exchange(other.file_, nullptr)) {}
 
 OutputFile& OutputFile::operator=(OutputFile&& other) noexcept {
   if (this != &other) {
@@ -160,16 +162,22 @@ void OutputFile::Close() {
   file_ = nullptr;
 }
 
-bool OutputFile::Write(std::string_view text) { return Write(text.data(), text.size()); }
+bool OutputFile::Write(std::string_view text) {
+  return Write(text.data(), text.size());
+}
 
 bool OutputFile::Write(const void* bytes, std::size_t count) {
   if (file_ == nullptr) return false;
   return std::fwrite(bytes, 1, count, file_) == count;
 }
 
-bool OutputFile::Put(char c) { return file_ != nullptr && std::fputc(c, file_) != EOF; }
+bool OutputFile::Put(char c) {
+  return file_ != nullptr && std::fputc(c, file_) != EOF;
+}
 
-bool OutputFile::WriteLine(std::string_view text) { return Write(text) && Write("\r\n", 2); }
+bool OutputFile::WriteLine(std::string_view text) {
+  return Write(text) && Write("\r\n", 2);
+}
 
 bool RemoveFile(const std::filesystem::path& path) {
   std::error_code ec;

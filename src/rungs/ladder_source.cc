@@ -24,7 +24,8 @@ int OpenLadderSource(CompileSession& session, std::string_view program_name) {
   std::array<char, 40> line{};
   source.ReadLine(line.data(), 39);
   const char* semicolon = std::strrchr(line.data(), ';');
-  const std::size_t n = semicolon == nullptr ? 0 : static_cast<std::size_t>(semicolon - line.data());
+  const std::size_t n =
+      semicolon == nullptr ? 0 : static_cast<std::size_t>(semicolon - line.data());
   if (semicolon == nullptr || (std::strncmp(line.data(), kNewerHeader.data(), n) != 0 &&
                                std::strncmp(line.data(), kOlderHeader.data(), n) != 0)) {
     source.Close();
@@ -34,6 +35,8 @@ int OpenLadderSource(CompileSession& session, std::string_view program_name) {
   return 0;
 }
 
-void CloseLadderSource(CompileSession& session) { session.reader.source.Close(); }
+void CloseLadderSource(CompileSession& session) {
+  session.reader.source.Close();
+}
 
 }  // namespace rungc

@@ -14,10 +14,27 @@ namespace rungc::testing {
 
 std::vector<int> ElementFieldLengths(int code) {
   switch (code) {
-    case 1: case 2: case 3: case 6: case 7: case 16: case 21: case 22: case 23: case 24:
-    case 25: case 31: case 42:
+    case 1:
+    case 2:
+    case 3:
+    case 6:
+    case 7:
+    case 16:
+    case 21:
+    case 22:
+    case 23:
+    case 24:
+    case 25:
+    case 31:
+    case 42:
       return {6};
-    case 8: case 9: case 44: case 45: case 46: case 47: case 48:
+    case 8:
+    case 9:
+    case 44:
+    case 45:
+    case 46:
+    case 47:
+    case 48:
       return {6, 6};
     case 10:
       return {32, 32, 32};
@@ -178,7 +195,8 @@ void TempProject::WriteLadder(std::string_view name, const LadderSource& source)
   WriteFile(name, source.Text());
 }
 
-void TempProject::WriteMemoryMap(bool object_code, const std::vector<std::string>& area_lines) const {
+void TempProject::WriteMemoryMap(bool object_code,
+                                 const std::vector<std::string>& area_lines) const {
   std::string text = object_code ? "#MEM#Y\r\n" : "#MEM#N\r\n";
   for (const std::string& line : area_lines) text += line + "\r\n";
   WriteFile("memory.ovl", text);

@@ -89,7 +89,8 @@ class TempProject {
   bool Exists(std::string_view name) const;
 
   // "status.kpx" naming the project directory (blank: this folder) and the project file.
-  void WriteStatus(std::string_view project_dir = "", std::string_view project_file = "PLANT.PRO") const;
+  void WriteStatus(std::string_view project_dir = "",
+                   std::string_view project_file = "PLANT.PRO") const;
   // The project file: header, one program per line, then (unless disabled) the end-of-list line.
   void WriteProject(const std::vector<std::string>& programs, bool end_line = true,
                     std::string_view name = "PLANT.PRO") const;

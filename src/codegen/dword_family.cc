@@ -1,0 +1,12 @@
+// Double-word instructions (a double word first). Not yet generated: every such line is refused
+// with error 16 (no item, the box line as text).
+#include "codegen/families.h"
+#include "codegen/line_operands.h"
+
+namespace rungc {
+
+void CompileDoubleWordInstruction(CompileSession& session) {
+  ReportNoForm(session);
+}
+
+}  // namespace rungc
