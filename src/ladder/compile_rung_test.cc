@@ -11,8 +11,11 @@
 namespace rungc {
 namespace {
 
+using testing::Cell;
 using testing::DumpUnits;
+using testing::LadderSource;
 using testing::LoadRung;
+using testing::LoadRungCells;
 using testing::NewSession;
 
 struct RungCase {
@@ -101,11 +104,80 @@ INSTANTIATE_TEST_SUITE_P(
         RungCase{
             "ConditionalBox", {"1(X0.1) -x1 38"}, "DX000.1 MAK_0008 Ma", "AX000.1 MAK_0008 Ma"},
         RungCase{"UnconditionalBox", {"1(*) -x1 38"}, "D* m_______", "m_______"},
+        RungCase{"ComparisonContactInASeries",
+                 {"1(X0.1) 49(WX1,>=,100) -x5 3(Y0.1)"},
+                 "DX000.1 e M]WX0001 M·K_0064 M·F_0008 GY000.1",
+                 "AX000.1 e M]WX0001 M·K_0064 M·F_0008 GY000.1"},
+        RungCase{"ComparisonContactAfterAJoin",
+                 {"1(X0.1) 49(WX1,>=,100) -x5 3(Y0.1)", "^1(X0.3) ^. .x7"},
+                 "DX000.1 DX000.3 F Y e M]WX0001 M·K_0064 M·F_0008 GY000.1",
+                 "AX000.1 HX000.3 e M]WX0001 M·K_0064 M·F_0008 GY000.1"},
         RungCase{"EdgeInASeries",
                  {"1(X0.1) 2(X0.2) 18 -x5 3(Y0.1)"},
                  "DX000.1 BX000.2 n GY000.1",
                  "AX000.1 BX000.2 n GY000.1"}),
     [](const ::testing::TestParamInfo<RungCase>& info) { return std::string(info.param.name); });
+
+// A function-block rung: `head` before the box in column 0, lines and a line cell in columns 1
+// and 2, the box head with `lines` in columns 3 to 9, and continuation cells under it.
+std::vector<std::vector<Cell>> BoxRung(const std::string& head, std::vector<std::string> lines,
+                                       std::vector<std::vector<std::string>> more = {}) {
+  std::vector<Cell> row = LadderSource::ParseRow("1(" + head + ") -x1");
+  row.push_back(Cell(38, std::move(lines)));
+  std::vector<std::vector<Cell>> rows{row};
+  for (std::vector<std::string>& continuation : more) {
+    std::vector<Cell> below = LadderSource::ParseRow(".x2");
+    below.push_back(Cell(10, std::move(continuation)));
+    rows.push_back(below);
+  }
+  return rows;
+}
+
+struct BoxCase {
+  const char* name;
+  std::vector<std::vector<Cell>> rung;
+  const char* raw;
+  const char* record;
+  int counted;  // units added to the InstructionCounter
+};
+
+class BoxRungCompiles : public ::testing::TestWithParam<BoxCase> {};
+
+TEST_P(BoxRungCompiles, FramedByItsCondition) {
+  const BoxCase& c = GetParam();
+  auto s = NewSession();
+  LoadRungCells(*s, c.rung);
+  CompileRawRungCode(*s);
+  EXPECT_EQ(s->diag.current_error, 0);
+  EXPECT_EQ(DumpUnits(s->ladder.code.view()), c.raw);
+  LoadRungCells(*s, c.rung);
+  CompileLadderRung(*s);
+  EXPECT_EQ(s->diag.current_error, 0);
+  EXPECT_EQ(DumpUnits(s->dispatch.record.view()), c.record);
+  EXPECT_EQ(s->dispatch.instruction_counter, c.counted);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Networks, BoxRungCompiles,
+    ::testing::Values(
+        BoxCase{"ConditionalSkipCountsFourPerUnit", BoxRung("X0.1", {"F0.8 : WX1 >= 100"}),
+                "DX000.1 MAK_0014 M]WX0001 M·K_0064 M·F_0008 Ma",
+                "AX000.1 MAK_0014 M]WX0001 M·K_0064 M·F_0008 Ma", 6},
+        BoxCase{"ConditionalWithContinuationCells",
+                BoxRung("X0.1", {"Y1.0 = X2.3", "; a comment"}, {{"", "Y1.1 = 1"}, {"Y1.2 = 0"}}),
+                "DX000.1 MAK_0020 MOY_0010 M·X_0023 MOY_0011 M·K_0001 MOY_0012 M·K_0000 Ma",
+                "AX000.1 MAK_0020 MOY_0010 M·X_0023 MOY_0011 M·K_0001 MOY_0012 M·K_0000 Ma", 9},
+        BoxCase{"Unconditional", BoxRung("*", {"Y1.0 = X2.3"}), "D* m_______ MOY_0010 M·X_0023",
+                "m_______ MOY_0010 M·X_0023", 3}),
+    [](const ::testing::TestParamInfo<BoxCase>& info) { return std::string(info.param.name); });
+
+TEST(FunctionBlock, LineErrorStopsTheBox) {
+  auto s = NewSession();
+  LoadRungCells(*s, BoxRung("X0.1", {"100 = WR1", "Y1.0 = X2.3"}));
+  CompileLadderRung(*s);
+  EXPECT_EQ(s->diag.current_error, 16);
+  EXPECT_EQ(s->dispatch.record.view(), "");
+}
 
 struct FailingRung {
   const char* name;

@@ -25,6 +25,20 @@ int TotalLength(int code) {
   return total;
 }
 
+// The element table as the rung loop rebuilds it at the start of a program.
+void FillElementTable(CompileSession& s) {
+  for (int code = 0; code < 64; ++code) {
+    ElementDescriptor& d = s.reader.elements[static_cast<std::size_t>(code)];
+    const std::vector<int> lengths = ElementFieldLengths(code);
+    d = ElementDescriptor{};
+    d.code = static_cast<std::uint8_t>(code);
+    d.operands = static_cast<std::uint8_t>(lengths.size());
+    for (std::size_t i = 0; i < lengths.size(); ++i) {
+      d.lengths[i] = static_cast<std::int8_t>(lengths[i]);
+    }
+  }
+}
+
 }  // namespace
 
 std::unique_ptr<CompileSession> NewSession() {
@@ -32,6 +46,7 @@ std::unique_ptr<CompileSession> NewSession() {
 }
 
 void LoadRungCells(CompileSession& s, const std::vector<std::vector<Cell>>& rows) {
+  FillElementTable(s);
   s.reader.grid.fill(CellRecord{});
   s.reader.pool.fill('\0');
   std::size_t used = 0;
