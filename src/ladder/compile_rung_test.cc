@@ -50,7 +50,7 @@ INSTANTIATE_TEST_SUITE_P(
                  "DX000.1 BX000.2 GY000.1",
                  "AX000.1 BX000.2 GY000.1"},
         RungCase{"ParallelContactsAtStart",
-                 {"1(X0.1) 2(X0.2) -x6 3(Y0.1)", "^1(X0.3) ^. .x7"},
+                 {"1(X0.1) 2(X0.2) -x6 3(Y0.1)", "^2(X0.3) ^. .x7"},
                  "DX000.1 DX000.3 F DX000.2 GY000.1",
                  "AX000.1 HX000.3 BX000.2 GY000.1"},
         RungCase{"ParallelContactInTheMiddle",
@@ -66,11 +66,11 @@ INSTANTIATE_TEST_SUITE_P(
                  "DX000.1 DX000.2 BX000.3 Y BX000.4 F E Y GY000.1",
                  "AX000.1 DX000.2 BX000.3 HX000.4 E GY000.1"},
         RungCase{"EdgeAfterAParallelJoin",
-                 {"1(X0.1) 17 -x6 3(Y0.1)", "^1(X0.3) ^. .x7"},
+                 {"1(X0.1) 17 -x6 3(Y0.1)", "^2(X0.3) ^. .x7"},
                  "DX000.1 DX000.3 F Y N GY000.1",
                  "AX000.1 HX000.3 N GY000.1"},
         RungCase{"ThreeParallelContacts",
-                 {"1(X0.1) 2(X0.2) -x6 3(Y0.1)", "^1(X0.3) ^. .x7", "^1(X0.4) ^. .x7"},
+                 {"1(X0.1) 2(X0.2) -x6 3(Y0.1)", "^2(X0.3) ^. .x7", "^2(X0.4) ^. .x7"},
                  "DX000.1 DX000.3 F DX000.4 F DX000.2 GY000.1",
                  "AX000.1 HX000.3 HX000.4 BX000.2 GY000.1"},
         RungCase{"NegatedForms",
@@ -109,7 +109,7 @@ INSTANTIATE_TEST_SUITE_P(
                  "DX000.1 e M]WX0001 M·K_0064 M·F_0008 GY000.1",
                  "AX000.1 e M]WX0001 M·K_0064 M·F_0008 GY000.1"},
         RungCase{"ComparisonContactAfterAJoin",
-                 {"1(X0.1) 49(WX1,>=,100) -x5 3(Y0.1)", "^1(X0.3) ^. .x7"},
+                 {"1(X0.1) 49(WX1,>=,100) -x5 3(Y0.1)", "^2(X0.3) ^. .x7"},
                  "DX000.1 DX000.3 F Y e M]WX0001 M·K_0064 M·F_0008 GY000.1",
                  "AX000.1 HX000.3 e M]WX0001 M·K_0064 M·F_0008 GY000.1"},
         RungCase{"EdgeInASeries",
@@ -232,7 +232,7 @@ std::vector<std::string> WideRung(const std::string& output) {
   for (int c = 1; c <= 8; ++c) row0 += " 2(R0." + std::to_string(c) + ")";
   std::vector<std::string> rows{row0 + " " + output};
   for (int r = 1; r <= 27; ++r) {
-    std::string row = "^1(R" + std::to_string(r) + ".0)";
+    std::string row = "^2(R" + std::to_string(r) + ".0)";
     for (int c = 1; c <= 8; ++c) row += " 2(R" + std::to_string(r) + "." + std::to_string(c) + ")";
     rows.push_back(row + " ^.");
   }
