@@ -21,6 +21,7 @@ constexpr std::uint8_t kBoxHeadType = 38;
 constexpr std::uint8_t kBoxRowType = 10;
 constexpr std::uint8_t kLineType = 4;
 
+// An error has been recorded for the rung.
 bool ErrorStands(const CompileSession& s) {
   return s.diag.current_error > 0;
 }
@@ -81,6 +82,8 @@ void CompileFunctionBlock(CompileSession& s, int i) {
 
 }  // namespace
 
+// A fresh code text and walk, the network from cell 0, and the function block where the walk
+// stopped at one.
 void CompileRawRungCode(CompileSession& session) {
   session.ladder.code.Clear();
   session.ladder.walk_state = kWalkRunning;
@@ -90,6 +93,7 @@ void CompileRawRungCode(CompileSession& session) {
   if (session.ladder.walk_state == kWalkStoppedAtBox) CompileFunctionBlock(session, i);
 }
 
+// The raw code is folded into the record only when the walk recorded no error.
 void CompileLadderRung(CompileSession& session) {
   CompileRawRungCode(session);
   session.dispatch.record.Clear();

@@ -19,13 +19,6 @@ namespace {
 
 constexpr std::size_t kFieldLength = 6;  // one operand field of a contact, timer or label
 
-char UpperCase(char c) {
-  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-bool IsUpperHexDigit(char c) {
-  return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'F');
-}
-
 // The NUL-terminated text at the start of a buffer.
 std::string_view TextOf(std::span<const char> text) {
   std::size_t n = 0;
@@ -52,14 +45,16 @@ void LoadOperandBuffer(CompileSession& s, const CellRecord& cell) {
   buffer[n] = '\0';
 }
 
+// The output elements (types without the link flag) that may not name an input or a timer.
 bool IsOutputElement(int type_value) {
   return OneOf(type_value, {3, 6, 7, 40, 67});
 }
 
-// Element 16 ('c'): the letter T or C and a word number of 1 to 4 hexadecimal digits.
+// Element 16 ('c'): the letter T or C (the buffer has no leading blanks) and a word number of 1
+// to 4 hexadecimal digits.
 void EncodeTimerCounterBit(CompileSession& s) {
   OperandBuffer& buffer = s.ladder.operand_buffer;
-  std::span<char> number = std::span<char>(buffer).subspan(1);
+  std::span<char> number = std::span<char>(buffer).subspan(buffer[0] == '\0' ? 0 : 1);
   if (NormaliseAddress(number, 4) != 1) {
     std::string_view text = TextOf(number);
     ReportErrorText(s, 19, text, text);
@@ -69,6 +64,7 @@ void EncodeTimerCounterBit(CompileSession& s) {
   EmitOperandField(s, TextOf(buffer));
 }
 
+// Contacts, coils, element 16, edges and element 40: the checked operand in 7 characters.
 void EncodeContactOrCoil(CompileSession& s, int index, char letter) {
   const CellRecord& cell = GridCell(s, index);
   LoadOperandBuffer(s, cell);
@@ -157,6 +153,8 @@ void EncodeJumpOrCall(CompileSession& s, const CellRecord& cell, char second) {
 
 }  // namespace
 
+// By the letter: comparison contact, jump or call, a cell without operand text (7 blanks), timer
+// or counter, else a contact or coil. Nothing at a function block.
 void EncodeElementOperand(CompileSession& session, int index, std::int32_t code) {
   CompileSession& s = session;
   if (s.ladder.walk_state == kWalkStoppedAtBox) return;
@@ -191,6 +189,8 @@ void EncodeElementOperand(CompileSession& session, int index, std::int32_t code)
   }
 }
 
+// By the area letter: R, F, Z, Y and X take a bit address, C and T a word number, both of up to 5
+// digits.
 int CheckContactOperand(CompileSession& session, std::span<char> text) {
   std::span<char> address = text.size() > 1 ? text.subspan(1) : std::span<char>();
   switch (text.empty() ? '\0' : text[0]) {
@@ -220,6 +220,8 @@ int CheckContactOperand(CompileSession& session, std::span<char> text) {
   return kOperandMalformed;
 }
 
+// Leading zeros, then upper-case hexadecimal digits, then an optional '.' and bit digit; the
+// address ends at NUL or a blank. Rewritten only when well-formed.
 int NormaliseAddress(std::span<char> text, int width) {
   auto at = [&text](std::size_t i) { return i < text.size() ? text[i] : '\0'; };
   if (at(0) == '\0') return -1;
@@ -245,6 +247,8 @@ int NormaliseAddress(std::span<char> text, int width) {
   return result;
 }
 
+// The operand ends at '=' or ':', or at a blank or ',' outside parentheses; a field that begins
+// with ';' (a comment) or holds only blanks gives an empty operand.
 void SplitPresetField(std::span<char> field, OperandBuffer& out) {
   out[0] = '\0';
   const std::size_t n = field.size();
@@ -269,6 +273,7 @@ void SplitPresetField(std::span<char> field, OperandBuffer& out) {
   out[used] = '\0';
 }
 
+// Decimal digits are read as "%d" reads them; 'H' is followed by up to 4 hexadecimal digits.
 int ConstantToKWord(CompileSession& session, OperandBuffer& text) {
   const char first = text[0];
   if (first >= '0' && first <= '9') {
@@ -297,6 +302,8 @@ int ConstantToKWord(CompileSession& session, OperandBuffer& text) {
   return 1;
 }
 
+// 'W' (or 'w' from parentheses), the area letter, and a word number of up to 4 digits (3 for AX
+// and AY).
 int CheckWordOperand(CompileSession& session, OperandBuffer& text) {
   auto malformed = [&session] {
     ReportError(session, 27);

@@ -10,12 +10,7 @@ namespace rungc {
 
 namespace {
 
-char UpperCase(char c) {
-  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-bool IsUpperHexDigit(char c) {
-  return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'F');
-}
+// The column of a cell index.
 int ColumnOf(int index) {
   return index % static_cast<int>(kGridColumns);
 }
@@ -92,6 +87,7 @@ bool EdgeHasContact(const CompileSession& s, int index) {
   }
 }
 
+// Edges ('N' rising, 'n' falling) need a contact to their left (error 25, the walk stops).
 std::int32_t ApplyEdgeRule(CompileSession& s, int index, char letter) {
   if (EdgeHasContact(s, index)) return letter;
   ReportError(s, 25);
@@ -108,6 +104,7 @@ std::int32_t ApplyConditionalRule(CompileSession& s, int index) {
   return ApplyOutputRule(s, index, 'J');
 }
 
+// The element code of an "L" unit: the letter and its second letter.
 std::int32_t WithSecondLetter(char letter, char second) {
   return static_cast<std::int32_t>(static_cast<unsigned char>(letter)) |
          static_cast<std::int32_t>(static_cast<unsigned char>(second)) << 8;
@@ -115,6 +112,8 @@ std::int32_t WithSecondLetter(char letter, char second) {
 
 }  // namespace
 
+// The element table, selected by the type without the link flag (65 to 67 are elements 1 to 3
+// with the variant flag: the negated forms).
 std::int32_t DecodeElement(CompileSession& session, int index) {
   CompileSession& s = session;
   switch (GridCell(s, index).type_value()) {

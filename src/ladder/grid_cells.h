@@ -37,6 +37,14 @@ bool OneOf(T value, std::initializer_list<T> set) {
   return std::find(set.begin(), set.end(), value) != set.end();
 }
 
+// Operand characters: a to z upper-cased; hexadecimal digits of upper-case operands.
+inline char UpperCase(char c) {
+  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+inline bool IsUpperHexDigit(char c) {
+  return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'F');
+}
+
 // The cell's operand text up to its NUL, at most its operand length; empty when it has none.
 inline std::string_view CellOperand(const CellRecord& cell) {
   if (cell.operand == nullptr || cell.length == 0) return {};

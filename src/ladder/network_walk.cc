@@ -14,6 +14,7 @@ namespace rungc {
 
 namespace {
 
+// Small tests of the walk: still walking, an error recorded, a cell index at a row start.
 bool WalkRunning(const CompileSession& s) {
   return s.ladder.walk_state == kWalkRunning;
 }
@@ -51,11 +52,15 @@ void EmitElementUnit(CompileSession& s, int index, std::int32_t code) {
 
 }  // namespace
 
+// "E" joins a closed branch in series, "F" a lower branch in parallel, "Y" starts a series that
+// does not begin with a contact.
 void EmitBlockUnit(CompileSession& session, char letter) {
   char unit[] = {letter, ' ', ' ', ' ', ' ', ' ', ' ', ' '};
   EmitCode(session, std::string_view(unit, sizeof unit));
 }
 
+// The head of a series is a load: a contact's 'B'/'b' becomes 'D'/'d'; an element without a unit
+// gives "Y", and edges and comparison contacts are preceded by one.
 void EmitSeriesHead(CompileSession& session, int index) {
   std::int32_t code = DecodeElement(session, index);
   char letter = CodeLetter(code);
@@ -71,11 +76,15 @@ void EmitSeriesHead(CompileSession& session, int index) {
   EmitElementUnit(session, index, code);
 }
 
+// A further element of a series: its letter and operand, unless it writes no unit.
 void EmitSeriesElement(CompileSession& session, int index) {
   const std::int32_t code = DecodeElement(session, index);
   if (CodeLetter(code) != kNoUnit) EmitElementUnit(session, index, code);
 }
 
+// Looks at the left edge of the cell: past column 9 the row must end at an output (16, else error
+// 4); otherwise the links of the cell and of the column below it say whether a branch from below
+// merges here and whether the cell itself hangs from the row above.
 int ClassifyJunction(CompileSession& session, int index) {
   const CompileSession& s = session;
   if (EndsRow(index)) {
@@ -93,6 +102,7 @@ int ClassifyJunction(CompileSession& session, int index) {
   return linked ? kJunctionLinked : kJunctionSplit;
 }
 
+// Goes down from the cell below `index` over linked blanks (bare vertical connections).
 int FindBranchBelow(const CompileSession& session, int index) {
   for (int k = index + 10;; k += 10) {
     const CellRecord& cell = GridCell(session, k);
@@ -101,6 +111,8 @@ int FindBranchBelow(const CompileSession& session, int index) {
   }
 }
 
+// Goes up the linked cells from `index`; stops at the first unlinked one, or at the row under
+// `origin`.
 int FindUpperEnd(const CompileSession& session, int index, int origin) {
   int k = index;
   do {
@@ -110,6 +122,8 @@ int FindUpperEnd(const CompileSession& session, int index, int origin) {
   return k;
 }
 
+// The head, then elements until a junction; the junction kind is left for the caller. The head
+// cell then reads as a blank, so that later searches pass over it.
 int CompileSeries(CompileSession& session, int start) {
   CompileSession& s = session;
   EmitSeriesHead(s, start);
@@ -125,6 +139,11 @@ int CompileSeries(CompileSession& session, int start) {
   return j;
 }
 
+// Compiles the series at `origin`, then acts on the junction where it stopped: branches from
+// below are compiled and joined with "F" (kinds 1 and 2), a branch that leaves downwards or a cell
+// hanging from above continues the series as a nested branch (kinds 3 and 4), and the row end
+// (16) either ends the walk or goes on with the branch below. Each round acts on the junction
+// kind as the nested calls left it.
 int CompileBranch(CompileSession& session, int origin, int close) {
   CompileSession& s = session;
   int& kind = s.ladder.junction_kind;
@@ -205,6 +224,8 @@ int CompileBranch(CompileSession& session, int origin, int close) {
   }
 }
 
+// The first branch, then the branches that continue it until the walk ends at a row end, stops,
+// or meets an error.
 int CompileNetwork(CompileSession& session, int start) {
   int i = CompileBranch(session, start, 0);
   if (ErrorStands(session)) return -1;

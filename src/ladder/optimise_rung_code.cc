@@ -88,6 +88,7 @@ void MakePreviousAnd(CodeRecord& record) {
   if (letter == 'd') letter = 'b';
 }
 
+// Units a load may lead straight to: outputs, timers, counters, jumps, calls, conditional boxes.
 bool LeadsToOutput(const char* unit) {
   if (unit[0] == 'M') return unit[1] == 'A';
   return OneOf(unit[0], {'G', 'g', 'I', 'i', 'J', 'T', 'P', 'Q', 'O', 'C', 'c', 'o', 'p', 'L'});
@@ -215,6 +216,7 @@ void FinishRecord(CompileSession& s, CodeRecord& record) {
 
 }  // namespace
 
+// Two passes in place over the raw code, one copying pass, then the record's final steps.
 void OptimiseRungCode(CompileSession& session, CodeText& code, CodeRecord& record) {
   RawUnits units(code);
   FoldSeriesStarts(units);
