@@ -92,6 +92,7 @@ std::uint32_t CompileEntry(CompileSession& session) {
 }
 
 std::uint32_t CompileDriver(CompileSession& session) {
+  session.driver.program_list_result = 0;
   if (ReadStatusAndProject(session) != 0) {
     CloseAllFiles(session);  // nothing stays open between calls
     return 4097;
@@ -101,6 +102,7 @@ std::uint32_t CompileDriver(CompileSession& session) {
   if (map != -1) DeriveAreaSizes(session.memory);
 
   const int list = CompileProgramList(session);
+  session.driver.program_list_result = list;
   WriteEndRecords(session);
   CheckElementsUsed(session);
   int result = list == 1 ? RunLabelPass(session) : 0;
