@@ -207,7 +207,7 @@ INSTANTIATE_TEST_SUITE_P(
         FailingRung{"CoilOutsideColumn9", {"1(X0.1) -x6 3(Y0.1) -"}, 3, ""},
         FailingRung{"TimerOutsideColumn9", {"1(X0.1) -x5 8(T1,5) -x1"}, 3, ""},
         FailingRung{"ContactEndingTheRow", {"1(X0.1) -x7 2(X0.2)"}, 4, ""},
-        FailingRung{"UnknownElement", {"1(X0.1) 12 -x6 3(Y0.1)"}, 16, ""},
+        FailingRung{"UnknownElement", {"1(X0.1) 21(L1) -x6 3(Y0.1)"}, 16, ""},
         FailingRung{"TimerNumberNotHexadecimal", {"1(X0.1) -x7 8(TX,100)"}, 18, "TX    100   "},
         FailingRung{"CounterNumberMissing", {"1(X0.1) -x7 9(C,1)"}, 18, "C     1     "},
         FailingRung{"CoilOnAnInputName", {"1(X0.1) -x7 3(I0.1)"}, 21, ""},

@@ -1,5 +1,5 @@
-// Test helpers for the ladder network compiler: grids filled from the builder's row notation the
-// way the rung reader fills them, and a compact text form of code units.
+// Test helpers for the ladder network compiler: grids read from rows in the builder's notation,
+// and a compact text form of code units.
 #pragma once
 
 #include <memory>
@@ -15,10 +15,10 @@ namespace rungc::testing {
 // A fresh session on the heap (it is large).
 std::unique_ptr<CompileSession> NewSession();
 
-// Fills the session's grid and operand pool with the rows, each in the builder's row notation
-// (or as cells), expanded as the rung reader expands records: lines and blanks by their repeat
-// count, elements 10, 11 and 38 over 7 columns, element 49 over 2. Every row must expand to 10
-// cells; an empty row follows the last. Also clears what the rung loop clears before a rung.
+// Reads one rung of these rows (the builder's row notation, or cells) into the session's grid
+// with the rung reader, as the rung loop does, without validating it; the rows must make one
+// rung of 10 cells a row. Also clears what the rung loop clears before a rung. The session's
+// work directory is left pointing at a removed folder.
 void LoadRung(CompileSession& session, const std::vector<std::string>& rows);
 void LoadRungCells(CompileSession& session, const std::vector<std::vector<Cell>>& rows);
 
