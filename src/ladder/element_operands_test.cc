@@ -91,42 +91,6 @@ INSTANTIATE_TEST_SUITE_P(
         ContactCase{"M1.0", kOperandMalformed, "M1.0"},
         ContactCase{"Q1.0  ", kOperandMalformed, "Q1.0  "}));
 
-struct PresetCase {
-  const char* text;
-  int constant;  // ConstantToKWord
-  int word;      // CheckWordOperand, when not a constant
-  const char* rewritten;
-};
-
-class ChecksPreset : public ::testing::TestWithParam<PresetCase> {};
-
-TEST_P(ChecksPreset, AsConstantOrWord) {
-  const PresetCase& c = GetParam();
-  auto s = NewSession();
-  OperandBuffer buffer = BufferOf(c.text);
-  const int constant = ConstantToKWord(*s, buffer);
-  EXPECT_EQ(constant, c.constant);
-  if (constant != 1) {
-    EXPECT_EQ(CheckWordOperand(*s, buffer), c.word);
-  }
-  EXPECT_STREQ(buffer.data(), c.rewritten);
-  const bool malformed = c.constant == -1 || (c.constant == 0 && c.word == -1);
-  EXPECT_EQ(s->diag.current_error, malformed ? 27 : 0);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    ElementOperands, ChecksPreset,
-    ::testing::Values(PresetCase{"0", 1, 0, "K_0000"}, PresetCase{"65535", 1, 0, "K_FFFF"},
-                      PresetCase{"H", 1, 0, "K_0000"}, PresetCase{"HfA", 1, 0, "K_00FA"},
-                      PresetCase{"H12345", 1, 0, "K_1234"},  // four digits are read
-                      PresetCase{"H1.", -1, 0, "H1."}, PresetCase{"WR10", 0, 1, "WR0010"},
-                      PresetCase{"WY1", 0, 2, "WY0001"}, PresetCase{"WX1", 0, 3, "WX0001"},
-                      PresetCase{"WT1", 0, 4, "WT0001"}, PresetCase{"WC1F", 0, 4, "WC001F"},
-                      PresetCase{"WAX1", 0, 6, "WAX001"}, PresetCase{"WAY7", 0, 7, "WAY007"},
-                      PresetCase{"WAZ7", 0, -1, "WAZ7"}, PresetCase{"WAX1234", 0, -1, "WAX1234"},
-                      PresetCase{"(WM1F)", 0, 1, "wM001F"}, PresetCase{"(WX1)", 0, -1, "WX1"},
-                      PresetCase{"R10", 0, 0, "R10"}, PresetCase{"W", 0, -1, "W"}));
-
 // A rung of one contact and the given element in column 9.
 std::vector<std::vector<Cell>> RungTo(const Cell& output, const char* contact = "X0.1") {
   std::vector<Cell> row = LadderSource::ParseRow(std::string("1(") + contact + ") -x7");
@@ -184,6 +148,9 @@ INSTANTIATE_TEST_SUITE_P(
                     0, ""},
         OperandCase{"PresetHexadecimalFourDigits", RungTo(Cell(8, {"T1A", "h00ff"})),
                     "DX000.1 T0001A M·K_00FF", 0, ""},
+        OperandCase{"PresetHexadecimalReadsFourDigits", RungTo(Cell(8, {"T1A", "H12345"})),
+                    "DX000.1 T0001A M·K_1234", 0, ""},
+        OperandCase{"PresetAnalogueWord", RungTo(Cell(8, {"T1A", "WAX1"})), "", 22, "WAX1  "},
         OperandCase{"PresetWord", RungTo(Cell(8, {"T1A", "WR10"})), "DX000.1 T0001A M·WR0010", 0,
                     ""},
         OperandCase{"PresetWordOfAreaM", RungTo(Cell(9, {"C2", "wm1f"})), "DX000.1 C00002 M·WM001F",
