@@ -93,13 +93,14 @@ void CompileRawRungCode(CompileSession& session) {
   if (session.ladder.walk_state == kWalkStoppedAtBox) CompileFunctionBlock(session, i);
 }
 
-// The raw code is folded into the record only when the walk recorded no error.
+// The raw code is folded into the record only when the walk recorded no error; a record the
+// peephole pass refused is emptied again, so a failed rung never leaves code behind.
 void CompileLadderRung(CompileSession& session) {
   CompileRawRungCode(session);
   session.dispatch.record.Clear();
-  if (session.diag.current_error < 1) {
-    OptimiseRungCode(session, session.ladder.code, session.dispatch.record);
-  }
+  if (ErrorStands(session)) return;
+  OptimiseRungCode(session, session.ladder.code, session.dispatch.record);
+  if (ErrorStands(session)) session.dispatch.record.Clear();
 }
 
 }  // namespace rungc

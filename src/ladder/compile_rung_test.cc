@@ -105,9 +105,9 @@ INSTANTIATE_TEST_SUITE_P(
             "ConditionalBox", {"1(X0.1) -x1 38"}, "DX000.1 MAK_0008 Ma", "AX000.1 MAK_0008 Ma"},
         RungCase{"UnconditionalBox", {"1(*) -x1 38"}, "D* m_______", "m_______"},
         RungCase{"ComparisonContactInASeries",
-                 {"1(X0.1) 49(WX1,>=,100) -x5 3(Y0.1)"},
-                 "DX000.1 e M]WX0001 M·K_0064 M·F_0008 GY000.1",
-                 "AX000.1 e M]WX0001 M·K_0064 M·F_0008 GY000.1"},
+                 {"1(X0.1) 49(WX0010,>=,WR0020) -x5 3(Y0.1)"},
+                 "DX000.1 e M]WX0010 M·WR0020 M·F_0008 GY000.1",
+                 "AX000.1 e M]WX0010 M·WR0020 M·F_0008 GY000.1"},
         RungCase{"ComparisonContactAfterAJoin",
                  {"1(X0.1) 49(WX1,>=,100) -x5 3(Y0.1)", "^2(X0.3) ^. .x7"},
                  "DX000.1 DX000.3 F Y e M]WX0001 M·K_0064 M·F_0008 GY000.1",
@@ -220,6 +220,9 @@ INSTANTIATE_TEST_SUITE_P(
                     25,
                     ""},
         FailingRung{"BoxContinuationInTheWalk", {"1(X0.1) -x1 10"}, 26, ""},
+        FailingRung{"CodeNotBeginningWithALoad", {"49(WX1,>=,100) -x6 3(Y0.1)"}, 15, ""},
+        FailingRung{"PseudoContactNotFirst", {"1(X0.1) 2(*) - 38"}, 39, ""},
+        FailingRung{"PseudoContactWithoutABox", {"1(*) -x7 3(Y0.1)"}, 40, ""},
         FailingRung{"LinkedBoxHead", {"1(X0.1) -x1 ^38"}, 26, ""}),
     [](const ::testing::TestParamInfo<FailingRung>& info) { return std::string(info.param.name); });
 
