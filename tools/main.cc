@@ -1,24 +1,17 @@
 // rungc: runs one compile of a project directory and explains the result to a person.
 #include <cstdio>
-#include <cstring>
-#include <string>
+#include <string_view>
+#include <vector>
 
-#include "rungc/session.h"
-
-namespace {
-
-int Usage() {
-  std::fprintf(stderr, "usage: rungc compile [DIR]\n");
-  return 64;
-}
-
-}  // namespace
+#include "cli.h"
+#include "interrupt.h"
 
 int main(int argc, char** argv) {
-  if (argc < 2 || std::strcmp(argv[1], "compile") != 0 || argc > 3) return Usage();
-  const std::string dir = argc == 3 ? argv[2] : ".";
-  rungc::Session session;
-  const std::uint32_t result = session.Compile(dir);
-  std::fprintf(stderr, "result %u\n", static_cast<unsigned>(result));
-  return result == 0 ? 0 : result == 4098 ? 1 : 2;
+  std::vector<std::string_view> args(argv + 1, argv + argc);
+  const rungc::tool::CommandLine command_line = rungc::tool::ParseCommandLine(args);
+  if (command_line.command == rungc::tool::Command::kCompile) rungc::tool::CatchInterrupts();
+  const int status =
+      rungc::tool::RunCommandLine(command_line, stdout, stderr, rungc::tool::TakeInterrupt);
+  rungc::tool::ReleaseInterrupts();
+  return status;
 }

@@ -8,7 +8,8 @@
 
 #if defined(_WIN32)
 #define RUNGC_CALL __stdcall
-#define RUNGC_EXPORT __declspec(dllexport)
+/* The module definition file exports the function under its decorated name, alone. */
+#define RUNGC_EXPORT
 #else
 #define RUNGC_CALL
 #define RUNGC_EXPORT __attribute__((visibility("default")))

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "common/chars.h"
 #include "common/session.h"
 #include "diag/report.h"
 #include "ladder/emit.h"
@@ -12,13 +13,6 @@
 namespace rungc {
 
 namespace {
-
-bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
-}
-bool IsHexDigit(char c) {
-  return IsDigit(c) || (c >= 'A' && c <= 'F');
-}
 
 constexpr std::string_view kZeros = "00000000";
 

@@ -37,6 +37,10 @@ void ReportLabelError(CompileSession& session, std::int32_t number, std::string_
 int WriteRecord(CompileSession& session, char kind, char* text);
 // The same for records whose text is not rewritten (every kind but 'R').
 int WriteRecord(CompileSession& session, char kind, std::string_view text);
+// A text constant goes to the string_view form (without this a literal would bind to `char*`).
+inline int WriteRecord(CompileSession& session, char kind, const char* text) {
+  return WriteRecord(session, kind, std::string_view(text));
+}
 
 // Adds the bytes of a listing line, each taken as signed, to the listing checksum.
 void AddToListingChecksum(CompileSession& session, std::string_view bytes);

@@ -80,6 +80,7 @@ std::uint32_t CompileEntry(CompileSession& session) {
   session.diag.current_warning = 0;
   session.diag.error_count = 0;
   session.diag.warning_count = 0;
+  session.reader.programs_missing_row_end.clear();
   session.labels.jumps.Empty();
   session.labels.subroutines.Empty();
   try {
@@ -92,6 +93,7 @@ std::uint32_t CompileEntry(CompileSession& session) {
 }
 
 std::uint32_t CompileDriver(CompileSession& session) {
+  session.driver.program_list_result = 0;
   if (ReadStatusAndProject(session) != 0) {
     CloseAllFiles(session);  // nothing stays open between calls
     return 4097;
@@ -101,6 +103,7 @@ std::uint32_t CompileDriver(CompileSession& session) {
   if (map != -1) DeriveAreaSizes(session.memory);
 
   const int list = CompileProgramList(session);
+  session.driver.program_list_result = list;
   WriteEndRecords(session);
   CheckElementsUsed(session);
   int result = list == 1 ? RunLabelPass(session) : 0;

@@ -23,6 +23,10 @@ struct DriverState {
   FixedText<259> program_name;       // the program being compiled
   platform::InputFile project_file;  // open from the status read to the end of the compile
   std::string object_path;           // project directory + base + ".lii", for the object writer
+  // What the program loop of the last compile gave: 1 end-of-list line reached, 2 the project
+  // file ended without one, -1 an empty program name or a ladder source that cannot be opened,
+  // 0 the loop did not run. Read by the command-line tool to explain a failed compile.
+  std::int32_t program_list_result = 0;
 };
 
 }  // namespace rungc

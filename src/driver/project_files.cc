@@ -12,7 +12,12 @@ namespace {
 
 constexpr std::string_view kStatusHeader = "- KORVA   1994";  // first 14 characters compared
 constexpr std::string_view kProjectHeader = "- KORVA   19";   // first 12 characters compared
+// The separator appended to a project directory that does not end in one.
+#ifdef _WIN32
+constexpr char kSeparator = '\\';
+#else
 constexpr char kSeparator = '/';
+#endif
 
 // Compares the first characters of a line with a header prefix, as strncmp does.
 bool BeginsWith(const char* line, std::string_view prefix) {

@@ -5,16 +5,14 @@
 #include <cstdio>
 #include <cstring>
 
+#include "common/chars.h"
+
 namespace rungc {
 
 namespace {
 
 bool EndsName(char c) {
   return c == '\0' || c == ' ' || c == '\n' || c == '\t';
-}
-
-char At(std::string_view s, std::size_t i) {
-  return i < s.size() ? s[i] : '\0';
 }
 
 std::size_t SkipBlanks(std::string_view s) {

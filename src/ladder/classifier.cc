@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "common/chars.h"
 #include "common/operand_table.h"
 #include "common/session.h"
 #include "diag/report.h"
@@ -11,16 +12,6 @@
 namespace rungc {
 
 namespace {
-
-bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
-}
-bool IsHexDigit(char c) {
-  return IsDigit(c) || (c >= 'A' && c <= 'F');
-}
-char At(std::string_view s, std::size_t i) {
-  return i < s.size() ? s[i] : '\0';
-}
 
 // The flag of an area letter of a word, double word or bit; 0 for a letter of no area.
 std::uint32_t AreaFlag(char letter, std::string_view areas) {

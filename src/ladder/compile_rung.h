@@ -9,4 +9,8 @@ struct CompileSession;
 // 0 when the rung failed, and the code record then holds no code.
 void CompileLadderRung(CompileSession& session);
 
+// The first half of `CompileLadderRung`: walks the grid into the raw code text, with the frame
+// and the lines of a function block, without folding it into the code record.
+void CompileRawRungCode(CompileSession& session);
+
 }  // namespace rungc

@@ -14,6 +14,10 @@ namespace rungc {
 
 using CodeText = UnitBuffer<kCodeTextSize>;
 
+// The operand of the element being encoded: upper case, NUL-terminated, rewritten in place by the
+// address and preset checks.
+using OperandBuffer = std::array<char, 64>;
+
 // Walk states of the network compiler.
 inline constexpr int kWalkRunning = 0;
 inline constexpr int kWalkStopped = -1;
@@ -24,10 +28,9 @@ struct LadderState {
   CodeText code;  // raw code of the rung; the write position is its end
   int walk_state = kWalkRunning;
   int junction_kind = 0;                // shared by every level of the walk, never reset per rung
-  FixedText<63> operand_buffer;         // operand of the element being encoded, upper case
+  OperandBuffer operand_buffer{};       // operand of the element being encoded
   FixedText<kBoxLineMax> box_line;      // the function-block line being compiled
   OperandTable operands;                // operands of that line
-  char assignment_sign = 0;             // last '=' or ':' after a preset; survives rungs
   std::array<char, 9> long_constant{};  // 8 hexadecimal digits of the last long constant
 };
 

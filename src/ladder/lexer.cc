@@ -5,23 +5,11 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "common/chars.h"
+
 namespace rungc {
 
 namespace {
-
-// Letters and digits are the classic ASCII classes, whatever the host's locale says.
-bool IsLetter(char c) {
-  return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-}
-bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
-}
-bool IsLetterOrDigit(char c) {
-  return IsLetter(c) || IsDigit(c);
-}
-char ToUpper(char c) {
-  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
 
 // Area prefixes, longest first: the first one the text begins with decides.
 constexpr std::array<std::string_view, 16> kAreaPrefixes = {

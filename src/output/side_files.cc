@@ -3,6 +3,7 @@
 #include <cctype>
 #include <cstring>
 
+#include "common/chars.h"
 #include "common/session.h"
 #include "output/object_file.h"
 #include "output/resolve_operand.h"
@@ -34,10 +35,6 @@ constexpr std::string_view kNullOperand = "  NULL";
 
 const TableFiles& FilesOf(ParameterTable table) {
   return table == ParameterTable::kThermoregulation ? kThermoregulationFiles : kPidFiles;
-}
-
-char At(std::string_view line, std::size_t i) {
-  return i < line.size() ? line[i] : '\0';
 }
 
 char Upper(char c) {

@@ -2,7 +2,10 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
+#include <string>
+#include <vector>
 
 #include "common/cell.h"
 #include "common/code_text.h"
@@ -22,16 +25,29 @@ struct ElementDescriptor {
 
 using ElementTable = std::array<ElementDescriptor, 64>;
 
+// The operand texts of the current rung, each followed by a NUL.
+using OperandPool = std::array<char, kOperandPoolSize>;
+// The raw rows of the current rung as read, ended by two NULs.
+using RungText = std::array<char, kRungTextSize>;
+
 struct RungReaderState {
   ElementTable elements{};
   RungGrid grid{};
-  std::array<char, kOperandPoolSize> pool{};
-  std::array<char, kRungTextSize> rung_text{};
-  std::int32_t line_counter = 0;  // rows read in the current program, plus 1
+  OperandPool pool{};
+  RungText rung_text{};
+  std::size_t rung_text_length = 0;  // characters of the rows kept; the two NULs follow them
+  std::size_t cell_count = 0;        // cells of the last rung read, before its closing empty row
+  std::int32_t line_counter = 0;     // rows read in the current program, plus 1
   // Set, never cleared, for the life of the session: the end-of-compile element checks read them.
   bool ordinary_element_seen = false;
   bool element42_seen = false;
   bool element43_seen = false;
+  // The current program's source ended inside a row that was not a row-end record, so that row
+  // was dropped: its writer left out the row-end record after the last rung.
+  bool last_row_dropped = false;
+  // Every program of the session's compiles, in order, whose last row was dropped that way; a
+  // person is warned about them (never through the error file).
+  std::vector<std::string> programs_missing_row_end;
   platform::InputFile source;  // the ladder source being read
 };
 

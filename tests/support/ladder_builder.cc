@@ -142,7 +142,8 @@ LadderSource& LadderSource::Raw(std::string_view text) {
 std::string LadderSource::Text(bool end_record) const {
   std::string text = "- KORVA   1994       PLC             ;";
   text += records_;
-  if (end_record) text += "00FF00";
+  // A source without rows has no row-end record: read alone, it would be a rung of element 0.
+  if (end_record && !records_.empty()) text += "00FF00";
   return text;
 }
 

@@ -63,7 +63,8 @@ class LadderSource {
   LadderSource& Row(const std::vector<Cell>& cells, RowKind kind = RowKind::kOrdinary);
   // Characters placed as they stand after the records so far (for malformed sources).
   LadderSource& Raw(std::string_view text);
-  // The whole file: header, the records and, unless disabled, the row-end record "00FF00".
+  // The whole file: header, the records and, unless disabled, the row-end record "00FF00" after
+  // the last row (none when there are no rows).
   std::string Text(bool end_record = true) const;
   // The records alone, without header and end record.
   const std::string& records() const { return records_; }
