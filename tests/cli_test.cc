@@ -135,7 +135,8 @@ TEST(ToolProcess, MessagesPrintsAModulesSectionsOrTheLanguagesAvailable) {
               testing::MessageFile().Section(24).Entry(1, "Output in the input area").Text());
   const testing::ToolRun comp = RunTool({"messages", "--lang", "ing", "COMP"}, p.dir());
   EXPECT_EQ(comp.status, 0) << comp.err;
-  EXPECT_THAT(comp.out, HasSubstr("#B24 WCMP_WARN\n   1  Output in the input area\n#B25 WANA_ERRS\n"));
+  EXPECT_THAT(comp.out,
+              HasSubstr("#B24 WCMP_WARN\n   1  Output in the input area\n#B25 WANA_ERRS\n"));
   EXPECT_THAT(comp.out, HasSubstr("#B26 WCMP_ERRS\n   1  *****\n"));
 
   const testing::ToolRun other = RunTool({"messages", "--lang", "ITA"}, p.dir());

@@ -273,5 +273,40 @@ TEST(Limits, ProjectFileLinesOf259Characters) {
   }
 }
 
+// A rung fills the 2,240 characters of the code text with 280 units (three contacts, the skip
+// unit, 275 statement units and the block end) in 31 rows; one unit more is error 16 and the
+// next rung still compiles; a 32nd row makes the rung unreadable (1018) and ends the program.
+TEST(Limits, RungsAtTheCodeTextAndGridLimits) {
+  struct Case {
+    int rows;  // continuation rows
+    std::string_view last_line;
+    std::uint32_t result;
+    std::vector<std::string> errors;  // the error file's lines before its summary
+    std::size_t records;              // rung records in the listing
+  };
+  const Case cases[] = {
+      {30, "Y1.0 = 1", kCompileOk, {"#F#MAIN.PLC"}, 2},
+      {30, "WY1 = WX2", kCompileFailed, {"#F#MAIN.PLC", "#E#NERR=16#RUNG=1"}, 1},
+      {31, "Y1.0 = 1", kCompileFailed, {"#F#MAIN.PLC", "#E#NERR=1018#RUNG=1"}, 0},
+  };
+  for (const Case& c : cases) {
+    TempProject p;
+    p.WriteSimpleProject({{"MAIN.PLC", testing::BoxRung(c.rows, c.last_line)}});
+    p.WriteMemoryMap(false, {});
+    Session session;
+    EXPECT_EQ(session.Compile(p.dir()), c.result) << c.rows << c.last_line;
+    const std::vector<std::string> errors = SplitLines(p.ReadFile("PLANT.ERR"));
+    EXPECT_EQ(std::vector<std::string>(errors.begin(), errors.end() - 6), c.errors) << c.rows;
+    std::vector<std::string> records;
+    for (const std::string& line : SplitLines(p.ReadFile("PLANT.LII"))) {
+      if (line.rfind("#R#", 0) == 0 && line.rfind("#R#L", 0) != 0) records.push_back(line);
+    }
+    ASSERT_EQ(records.size(), c.records) << c.rows << c.last_line;
+    if (c.result == kCompileOk) {
+      EXPECT_EQ(records[0].size(), 3u + 2240u);
+    }
+  }
+}
+
 }  // namespace
 }  // namespace rungc

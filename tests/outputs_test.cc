@@ -31,9 +31,14 @@ using Names = std::vector<std::string>;
 
 constexpr std::string_view kCheckOnlyMap = "#MEM#N";
 
-// A project of one empty program whose memory map asks for object code, with both tables.
+// A project of one program (contacts and coils, a jump and its label, a function block) whose
+// memory map asks for object code, with both tables.
 void WriteCleanProject(const TempProject& p) {
-  p.WriteSimpleProject({{"MAIN.PLC", LadderSource()}});
+  p.WriteSimpleProject({{"MAIN.PLC", LadderSource()
+                                         .Row("1(R1.2) 2(R1.3) -x6 3(Y1.0)")
+                                         .Row("1(R1.0) -x7 22(LOOP1)")
+                                         .Row("1(R1.0) - - 38(WR1 = WR2,Y1.1 = 1)")
+                                         .Row("23(LOOP1)")}});
   p.WriteMemoryMap(true, testing::SampleAreaLines());
   p.WriteFile("PLANT.tmr", testing::ThermoregulationTable({"0001 WZ1    1,2,3,4,5,6,  NULL,7,"}));
   p.WriteFile("PLANT.pds", testing::PidTable({"0001 WZ2    1,2,3,4,5,6,  NULL,7,"}));
@@ -203,6 +208,27 @@ TEST(Outputs, TwoCompilesInOneSession) {
   WriteCleanProject(p);
   EXPECT_EQ(session.Compile(p.dir()), kCompileOk);
   EXPECT_EQ(p.ReadFile("PLANT.ERR"), errors);
+}
+
+// Disabled until a rung whose code is longer than a line the object writer reads (249 units,
+// 1,999 characters) is refused: today its listing line is cut at the read, the object code file
+// lacks the rest of its units, and the compile still succeeds.
+TEST(Outputs, DISABLED_ARungLongerThanAnObjectLineIsNotCutSilently) {
+  TempProject p;
+  p.WriteSimpleProject({{"MAIN.PLC", testing::BoxRung(28, "WY1 = WX2")}});
+  p.WriteMemoryMap(
+      true, {"X,SSWB,0,16,8,8", "Y,SSWB,100H,16,8,8", "WX,SSWW,0,16,8,8", "WY,SSWW,100H,16,8,8"});
+  const std::uint32_t result = Session().Compile(p.dir());
+  std::size_t units = 0;
+  for (const std::string& line : SplitLines(p.ReadFile("PLANT.LII"))) {
+    if (line.rfind("#R#", 0) == 0) units += (line.size() - 3) / 8;
+  }
+  ASSERT_GT(units, 249u);
+  if (result == kCompileOk) {
+    EXPECT_EQ(p.ReadFile("PLANT.cod").size(), 40 + 4 * units);
+  } else {
+    EXPECT_FALSE(p.Exists("PLANT.cod"));
+  }
 }
 
 #ifndef _WIN32

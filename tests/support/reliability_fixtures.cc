@@ -64,6 +64,14 @@ std::string StatusText(std::string_view directory_line, std::string_view project
   return text;
 }
 
+LadderSource BoxRung(int rows, std::string_view last_line) {
+  LadderSource source;
+  source.Row("1(X1.0) 2(X1.1) 2(X1.2) 38(WY1 = WX2,WY1 = WX2)");
+  for (int i = 1; i < rows; ++i) source.Row(". . . 10(WY1 = WX2,WY1 = WX2,WY1 = WX2)");
+  source.Row(". . . 10(WY1 = WX2,WY1 = WX2," + std::string(last_line) + ")");
+  return source.Row("1(X1.0) -x7 3(Y1.0)");
+}
+
 AllocationFailure::AllocationFailure(long allowed) {
   g_triggered = false;
   g_allowed = allowed;

@@ -10,6 +10,8 @@
 #include <string_view>
 #include <vector>
 
+#include "support/ladder_builder.h"
+
 namespace rungc::testing {
 
 // Every regular file under a directory, by its path relative to it, with its content.
@@ -23,6 +25,11 @@ std::vector<std::string> TreeChanges(const TreeSnapshot& before, const TreeSnaps
 // A status file from its four lines as they stand (each ended by CR LF): header, directory line,
 // language line, project line.
 std::string StatusText(std::string_view directory_line, std::string_view project_line);
+
+// A conditional box rung behind three contacts, then a rung of a contact and a coil. Row 0 of
+// the box holds two statement lines, each of its `rows` continuation rows three; every line is a
+// 3-unit word move ("WY1 = WX2") except the very last one, `last_line`.
+LadderSource BoxRung(int rows, std::string_view last_line);
 
 // The status header and the header of a project file, for texts built by hand.
 inline constexpr std::string_view kStatusHeaderLine = "- KORVA   1994       STA             ;";
