@@ -15,7 +15,7 @@
 #include "common/session.h"
 #include "fuzz_project.h"
 #include "ladder/box_lines.h"
-#include "support/ladder_builder.h"
+#include "rungs/rung_reader.h"
 
 namespace {
 
@@ -24,20 +24,10 @@ constexpr int kContinuation = 10;
 constexpr int kComparison = 49;
 constexpr std::size_t kLineWidth = 32;
 
-void SetElement(rungc::CompileSession& s, int code) {
-  rungc::ElementDescriptor& d = s.reader.elements[static_cast<std::size_t>(code)];
-  const std::vector<int> lengths = rungc::testing::ElementFieldLengths(code);
-  d.code = static_cast<std::uint8_t>(code);
-  d.operands = static_cast<std::uint8_t>(lengths.size());
-  for (std::size_t i = 0; i < lengths.size(); ++i) {
-    d.lengths[i] = static_cast<std::int8_t>(lengths[i]);
-  }
-}
-
 rungc::CompileSession& BoxSession() {
   static rungc::CompileSession& s = []() -> rungc::CompileSession& {
     rungc::CompileSession& session = rungc::fuzz::PassSession();
-    for (int code : {kHead, kContinuation, kComparison}) SetElement(session, code);
+    rungc::RebuildElementTable(session.reader.elements);
     return session;
   }();
   return s;
