@@ -25,6 +25,10 @@ if ! [[ "$seconds" =~ ^[0-9]+$ ]]; then
 fi
 
 if [[ -z "${FUZZ_NO_BUILD:-}" ]]; then
+  if ! command -v clang++ >/dev/null; then
+    echo "scripts/fuzz.sh needs clang++ with libFuzzer (the fuzz preset builds with it)" >&2
+    exit 2
+  fi
   cmake --preset fuzz -B "$build_dir" >/dev/null || exit 1
   cmake --build "$build_dir" -j2 || exit 1
 fi
