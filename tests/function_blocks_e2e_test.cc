@@ -3,10 +3,12 @@
 // that the label pass completes, and the errors and warnings of box lines in the error file.
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
 #include "rungc/session.h"
+#include "support/backend_fixtures.h"
 #include "support/boxe2e_fixtures.h"
 #include "support/driver_fixtures.h"
 #include "support/ladder_builder.h"
@@ -19,9 +21,11 @@ using testing::BeforeLabelPass;
 using testing::BoxLine;
 using testing::ChecksumTrailer;
 using testing::CrLfText;
+using testing::HexBytes;
 using testing::LadderSource;
 using testing::ListingSum;
 using testing::RunSummary;
+using testing::SplitLines;
 using testing::TempProject;
 using Lines = std::vector<std::string>;
 
@@ -137,6 +141,40 @@ TEST(FunctionBlocksEndToEnd, UnbalancedIfStructuresAreLabelPassErrors) {
             CrLfText(Concat({"#F#MAIN.PLC", "#F#MAIN.PLC", "#J#NERR=1#RUNG= 2 : Error",
                              "#F#MAIN.PLC", "#J#NERR=2#RUNG= 2 : many"},
                             RunSummary(7, 2, 0, 4, 24))));
+}
+
+// Function-block units become object words through the example's memory map: head and
+// continuation mnemonics, the skip and the IF distances as constants, a flag bit in the high byte
+// of its word, blank fields as no operand.
+TEST(FunctionBlocksEndToEnd, BoxUnitsBecomeObjectWords) {
+  LadderSource source;
+  AddBoxRung(source, "1(X0.1) -x1", {"IF WX1 > 5", "WY1 = WX2"}, {{"ELSE", "Y1.0 = 1", "ENDIF"}});
+  AddBoxRung(source, "1(*) -x1", {"FX1 = 1.5"});
+  TempProject p;
+  std::filesystem::copy_file(
+      std::filesystem::path(RUNGC_SOURCE_DIR) / "examples" / "plant" / "memory.ovl",
+      p.dir() / "memory.ovl");
+  ASSERT_EQ(CompileMain(p, source), kCompileOk);
+  const Lines records = {
+      "#F#MAIN.PLC",
+      "#R#A_X_0001MAK_0034M>WX0001M_K_0005M_F_0008MjK_0004MDWX0002M_______M_WY0001MkK_0003"
+      "MOY_0010M_K_0001Ml______Ma______",
+      "#R#m_______MxK_0019M_K_0001M_K_0000M_K_0000M_K_0000M_K_3FF8",
+      "#R#L2______",
+      "#R#L3______",
+  };
+  const Lines lines = SplitLines(p.ReadFile("PLANT.LII"));
+  ASSERT_EQ(lines.size(), 7u);
+  EXPECT_EQ(Lines(lines.begin() + 1, lines.end() - 1), records);
+  const std::string cod = p.ReadFile("PLANT.cod");
+  ASSERT_GT(cod.size(), 40u);
+  EXPECT_EQ(HexBytes(cod.substr(40)),
+            "02 02 00 00 5C 00 34 00 AC FF 02 00 00 00 05 00 00 01 31 1A F4 00 04 00 "
+            "86 FF 04 00 00 00 00 00 00 FF 42 00 F6 00 03 00 A0 01 42 00 00 00 01 00 "
+            "F8 00 00 00 5A 00 00 00 "
+            "00 00 00 00 D0 00 19 00 00 00 01 00 00 00 00 00 00 00 00 00 00 00 00 00 "
+            "00 00 F8 3F "
+            "44 00 00 00 46 00 00 00");
 }
 
 struct FailingBox {
