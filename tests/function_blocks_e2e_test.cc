@@ -93,6 +93,39 @@ TEST(FunctionBlocksEndToEnd, BoxesOfEveryFamilyCompileToTheirListing) {
             CrLfText(Concat({"#F#MAIN.PLC"}, RunSummary(14, 0, 0, 5, 97))));
 }
 
+// Constants at the edges of their conversions: 32-bit decimals, signs joined to the number that
+// follows, floating-point constants in their IEEE 754 bits, a 16-bit word keeping its low bits,
+// register 255, and a line whose last operand ends in its 32nd character.
+TEST(FunctionBlocksEndToEnd, ConstantsAtTheEdgesOfTheirConversions) {
+  LadderSource source;
+  AddBoxRung(source, "1(*) -x1", {"FX1 = 3000000000", "DR1 = -2147483647"},
+             {{"FX2 = 2E3", "FX3 = - 1.5e-3", "DR2 = 2147483647"},
+              {"WR1 = 70000", "WR2 = H0", "DR3 = H0"},
+              {"FX255 = FX0", "WR1000 =    WR2000  +     WR3000", "FX4 = + 7"}});
+  TempProject p;
+  ASSERT_EQ(CompileMain(p, source), kCompileOk);
+  const Lines records = {
+      "#F#MAIN.PLC",
+      "#R#m_______"
+      "MxK_0019M_K_0001M_K_0000M_K_C000M_K_5A0BM_K_41E6"  // 3E9 is no 32-bit integer
+      "ML______MdK_0001M_K_8000M_DR0001"
+      "MxK_0019M_K_0002M_K_0000M_K_0000M_K_4000M_K_409F"
+      "MxK_0019M_K_0003M_K_7EFAM_K_BC6AM_K_9374M_K_BF58"
+      "ML______MdK_FFFFM_K_7FFFM_DR0002"
+      "MdK_1170M_______M_WR0001"
+      "MdK_0000M_______M_WR0002"
+      "ML______MdK_0000M_K_0000M_DR0003"
+      "MxK_0012M_K_00ff"
+      "M+WR2000M_WR3000M_WR1000"
+      "MxK_0018M_K_0004M_K_0007M_K_0000",
+      "#R#L2______",
+      "#R#L3______",
+  };
+  EXPECT_EQ(p.ReadFile("PLANT.LII"), CrLfText(Concat(Concat({kListingHeader}, records),
+                                                     {ChecksumTrailer(ListingSum(records))})));
+  EXPECT_EQ(p.ReadFile("PLANT.ERR"), CrLfText(Concat({"#F#MAIN.PLC"}, RunSummary(6, 0, 0, 1, 46))));
+}
+
 TEST(FunctionBlocksEndToEnd, InputDestinationsWarnAndKeepTheirCode) {
   LadderSource source;
   AddBoxRung(source, "1(X0.3) -x1", {"WX1 = BIN WR2", "X1.0 = 1"},
@@ -177,6 +210,22 @@ TEST(FunctionBlocksEndToEnd, BoxUnitsBecomeObjectWords) {
             "44 00 00 00 46 00 00 00");
 }
 
+// A label error is dropped when the last program ended on an error of the rung loop itself (the
+// reader's 1018 here), as that error's latch still stands; the pass fails all the same.
+TEST(FunctionBlocksEndToEnd, LabelErrorAfterAProgramEndedOnAnErrorIsDropped) {
+  LadderSource source;
+  AddBoxRung(source, "1(X0.2) -x1", {"IF WR1 > 5"});
+  source.Row("1(X0.1) 12 -x6 3(Y0.1)");
+  TempProject p;
+  ASSERT_EQ(CompileMain(p, source), kCompileFailed);
+  EXPECT_EQ(p.ReadFile("PLANT.LII"),
+            CrLfText({kListingHeader, "#F#MAIN.PLC",
+                      "#R#A_X_0002MAK_0018M>WR0001M_K_0005M_F_0008Mj______Ma______", "#R#L2______",
+                      "#R#L3______"}));
+  EXPECT_EQ(p.ReadFile("PLANT.ERR"),
+            CrLfText(Concat({"#F#MAIN.PLC", "#E#NERR=1018#RUNG=2"}, RunSummary(3, 1, 0, 1, 7))));
+}
+
 struct FailingBox {
   const char* name;
   LadderSource rung;
@@ -234,6 +283,11 @@ INSTANTIATE_TEST_SUITE_P(
                                  Box("1(X0.1) -x1", {"WR1 = 1"}, {{"WR2 = 2", "WR1 = FOO"}}),
                                  2,
                                  {"#E#NERR=16#RUNG=1#ITEM=FOO#STRG=" + BoxLine("WR1 = FOO")},
+                                 0},
+                      FailingBox{"UnconditionalBoxWithAContactBeforeIt",
+                                 Box("1(*) 2(X0.1) -", {"WY1 = WX2"}),
+                                 1,
+                                 {"#E#NERR=23#RUNG=1"},
                                  0},
                       FailingBox{"IndexBaseNotOfAreaROrM",
                                  Box("1(*) -x1", {"WY1 = WX2 (WR3)"}),
