@@ -60,6 +60,10 @@ TEST(BoxlinesWord, InputDestinationWarnsAndStillWrites) {
       // The warning comes as soon as the form is chosen, before an error of its operands.
       {"WX1 =", kAnyCode, {"W1:WX1", "E9"}},
       {"WX1 = H1G", kAnyCode, {"W1:WX1", "E9:H1G"}},
+      // The keyword chooses the instruction: its operand checks come after the warning.
+      {"WX1 = BIN 5", "", {"W1:WX1", "E16"}},
+      {"WAX1 = COPY WR2 WR3", "", {"W1:WAX1", "E16"}},
+      {"WX1 = NOT WR2", "", {"E16"}},
       {"WX1 = WX2 WX3", "", {"W1:WX1", "E79:WX2"}},
       {"WX4 (WR2) = 7", "", {"W1:WX4", "E79:WX4"}},
       {"WX12345 = 1", kAnyCode, {"W1:WX12345", "E9:WX12345"}},

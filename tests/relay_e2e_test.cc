@@ -10,11 +10,13 @@
 #include <vector>
 
 #include "rungc/session.h"
+#include "support/boxe2e_fixtures.h"
 #include "support/ladder_builder.h"
 
 namespace rungc {
 namespace {
 
+using testing::AddBoxRung;
 using testing::LadderSource;
 using testing::SplitLines;
 using testing::TempProject;
@@ -22,7 +24,8 @@ using testing::TempProject;
 const std::filesystem::path kExampleDir =
     std::filesystem::path(RUNGC_SOURCE_DIR) / "examples" / "plant";
 
-// The relay-logic programs of the example project, in the order of its project file.
+// The programs of the example project, in the order of its project file: relay logic, then
+// function blocks, then the subroutine area.
 std::vector<std::pair<std::string, LadderSource>> PlantPrograms() {
   LadderSource main;
   main.Row("1(X0.0) !2(X0.1) -x6 3(Y0.0)")  // start, seal-in, stop: the motor
@@ -51,6 +54,16 @@ std::vector<std::pair<std::string, LadderSource>> PlantPrograms() {
       .Row("1(X2.4) -x7 3(Y1.3)")  // two coils in parallel
       .Row(".x8 ^!3(Y1.4)");
 
+  LadderSource blocks;
+  // Tank level from analogue input 1, scaled; high-level output with an IF/ELSE; the flow total
+  // and the level as a float.
+  AddBoxRung(blocks, "1(X0.6) -x1", {"WR20 = WAX1 * 10", "IF WR20 > 800"},
+             {{"Y2.1 = 1", "ELSE", "Y2.1 = 0"}, {"ENDIF", "DR4 = DR4 + DR6", "FX1 = WR20"}});
+  blocks.Row("1(X0.7) 49(WR20,>=,500) -x5 3(Y2.2)");  // level alarm lamp
+  // Every scan: a pulse count, a shift register, the display word, an offset, the mean level.
+  AddBoxRung(blocks, "1(*) -x1", {"INC WR21", "SFL WR22 1 16"},
+             {{"WY3 = WR21 AND HFF", "DR8 = -5", "FX2 = FX1 / FX3"}, {"WR23 = FX2"}});
+
   LadderSource alarms;
   alarms
       .Row("29 -x8")  // end of the main program
@@ -60,7 +73,7 @@ std::vector<std::pair<std::string, LadderSource>> PlantPrograms() {
       .Row("1(Y2.0) -x7 45(T3,20)")
       .Row("26 -x8");
 
-  return {{"MAIN.PLC", main}, {"PUMPS.PLC", pumps}, {"ALARMS.PLC", alarms}};
+  return {{"MAIN.PLC", main}, {"PUMPS.PLC", pumps}, {"BLOCKS.PLC", blocks}, {"ALARMS.PLC", alarms}};
 }
 
 std::string ReadBytes(const std::filesystem::path& path) {
@@ -83,8 +96,9 @@ TEST(RelayEndToEnd, DISABLED_WriteExampleSources) {
   }
 }
 
-// The whole listing of the example project: every rung of relay logic folded, the jump and the
-// call resolved by the label pass, the checksum line last.
+// The whole listing of the example project: every rung of relay logic folded, the function
+// blocks framed, the jump, the call and the IF structure resolved by the label pass, the checksum
+// line last (summed over the records as written, before the label pass).
 TEST(RelayEndToEnd, ExampleProjectCompilesToItsListing) {
   TempProject p;
   std::filesystem::copy(kExampleDir, p.dir(), std::filesystem::copy_options::recursive);
@@ -103,13 +117,20 @@ TEST(RelayEndToEnd, ExampleProjectCompilesToItsListing) {
       "#R#A_R_0010B_X_0005I_Y_0003",
       "#R#LlK_0000",
       "#R#A_X_0005n_______i_Y_0003",
-      "#R#A_X_0010LcK00058",
+      "#R#A_X_0010LcK00114",
       "#F#PUMPS.PLC",
       "#R#A_X_0011D_X_0012H_X_0014E_______B_X_0013G_Y_0010",
       "#R#A_Y_0010O_T_0002M_K_001F",
       "#R#A_X_0015o_C_0002M_WR0010",
       "#R#A_X_0020H_X_0022h_X_0023B_X_0021G_Y_0012",
       "#R#A_X_0024G_Y_0013g_Y_0014",
+      "#F#BLOCKS.PLC",
+      "#R#A_X_0006MAK_0058M*AX0001M_K_000AM_WR0020M>WR0020M_K_0320M_F_0008MjK_0003MOY_0021"
+      "M_K_0001MkK_0003MOY_0021M_K_0000Ml______ML______M+DR0004M_DR0006M_DR0004MxK_0010"
+      "M_K_0001M_WR0020Ma______",
+      "#R#A_X_0007e_______M]WR0020M_K_01F4M_F_0008G_Y_0022",
+      "#R#m_______MIWR0021MtWR0022M_K_0001M_K_0010M&WR0021M_K_00FFM_WY0003ML______MdK_FFFB"
+      "M_K_FFFFM_DR0008MxK_0016M_K_0102M_K_0003MxK_0020M_K_0002M_WR0023",
       "#F#ALARMS.PLC",
       "#R#L2______",
       "#R#LSK_0000",
@@ -117,15 +138,15 @@ TEST(RelayEndToEnd, ExampleProjectCompilesToItsListing) {
       "#R#A_Y_0020P_T_0003M_K_0014",
       "#R#Ls______",
       "#R#L3______",
-      "#s#9F0D",
+      "#s#10DD3",
   };
   std::string text;
   for (const std::string& line : listing) text += line + "\r\n";
   EXPECT_EQ(p.ReadFile("PLANT.LII"), text);
   const std::vector<std::string> errors = SplitLines(p.ReadFile("PLANT.ERR"));
   const std::vector<std::string> summary(errors.end() - 5, errors.end());
-  EXPECT_EQ(summary, (std::vector<std::string>{"#TERR=0", "#TWRN=0", "#TOTRUNG=21",
-                                               "#TOTMAINISTR=50", "#TOTSUBMISTR=9"}));
+  EXPECT_EQ(summary, (std::vector<std::string>{"#TERR=0", "#TWRN=0", "#TOTRUNG=24",
+                                               "#TOTMAINISTR=97", "#TOTSUBMISTR=9"}));
 }
 
 struct FailingProgram {

@@ -87,7 +87,7 @@ constexpr std::array kErrorTexts = std::to_array<NumberText>({
     {5002, "an operand names an area that the memory map does not hold, or is not a word"},
     {5003, "an operand's element lies beyond its area in the memory map"},
     {5004, "an operand's group lies beyond its area in the memory map"},
-    {5005, "no memory for the object code writer"},
+    {5005, "a rung's code is longer than the object code writer takes (249 units)"},
     {5006, "the listing is missing or has a wrong header, or an object file cannot be created"},
 });
 

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "codegen/constants.h"
 #include "common/chars.h"
 #include "common/session.h"
 #include "diag/report.h"
@@ -36,14 +37,6 @@ std::string_view SkipZeros(std::string_view t) {
 std::string_view HexDigitsOf(std::string_view t) {
   if (!t.empty()) t.remove_prefix(1);
   return SkipZeros(t);
-}
-
-// Reads a signed decimal integer from the start of the text as "%d" and "%ld" do (white space,
-// a sign, digits); false when nothing can be read.
-bool ReadDecimal(const char* text, long long& value) {
-  char* end = nullptr;
-  value = std::strtoll(text, &end, 10);
-  return end != text;
 }
 
 }  // namespace
@@ -103,15 +96,15 @@ void EncodeWordConstant(CompileSession& session, int k) {
     }
     return;
   }
-  long long value = 0;
-  if (!ReadDecimal(session.ladder.operands.text[static_cast<std::size_t>(k)].c_str(), value)) {
+  std::int32_t value = 0;
+  if (!ScanLong32(session.ladder.operands.text[static_cast<std::size_t>(k)].c_str(), value)) {
     ReportMalformed(session, k);
     return;
   }
   char digits[8];
   std::snprintf(
       digits, sizeof digits, "%04X",
-      static_cast<unsigned>(static_cast<std::uint16_t>(static_cast<std::uint64_t>(value))));
+      static_cast<unsigned>(static_cast<std::uint16_t>(static_cast<std::uint32_t>(value))));
   EmitCode(session, digits);
 }
 
@@ -134,14 +127,13 @@ void EncodeLongConstant(CompileSession& session, int k) {
     }
     return;
   }
-  long long value = 0;
-  if (!ReadDecimal(session.ladder.operands.text[static_cast<std::size_t>(k)].c_str(), value)) {
+  std::int32_t value = 0;
+  if (!ScanLong32(session.ladder.operands.text[static_cast<std::size_t>(k)].c_str(), value)) {
     ReportMalformed(session, k);
     return;
   }
-  std::snprintf(
-      text.data(), text.size(), "%08lX",
-      static_cast<unsigned long>(static_cast<std::uint32_t>(static_cast<std::uint64_t>(value))));
+  std::snprintf(text.data(), text.size(), "%08lX",
+                static_cast<unsigned long>(static_cast<std::uint32_t>(value)));
 }
 
 void EncodeBitOperand(CompileSession& session, int k) {

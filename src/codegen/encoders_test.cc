@@ -58,13 +58,20 @@ TEST(EncodeAreaOperand, Fields) {
 
 TEST(EncodeWordConstant, Fields) {
   const EncodeCase rows[] = {
-      {"100", OPT_DEC, "K_0064", false},     {"0", OPT_DEC, "K_0000", false},
-      {"70000", OPT_DEC, "K_1170", false},   {"-1", OPT_OPER, "K_FFFF", false},
-      {"H1F", OPT_HEX, "K_001F", false},     {"H0", OPT_HEX, "K_0000", false},
-      {"H000", OPT_HEX, "K_0000", false},    {"HFFFF", OPT_HEX, "K_FFFF", false},
-      {"H0012345", OPT_HEX, "K_1234", true}, {"H12345", OPT_HEX, "K_1234", true},
-      {"H1G", OPT_HEX, "K_001", true},       {"", 0, "K_", true},
+      {"100", OPT_DEC, "K_0064", false},
+      {"0", OPT_DEC, "K_0000", false},
+      {"70000", OPT_DEC, "K_1170", false},
+      {"-1", OPT_OPER, "K_FFFF", false},
+      {"H1F", OPT_HEX, "K_001F", false},
+      {"H0", OPT_HEX, "K_0000", false},
+      {"H000", OPT_HEX, "K_0000", false},
+      {"HFFFF", OPT_HEX, "K_FFFF", false},
+      {"H0012345", OPT_HEX, "K_1234", true},
+      {"H12345", OPT_HEX, "K_1234", true},
+      {"H1G", OPT_HEX, "K_001", true},
+      {"", 0, "K_", true},
       {"WR3", kWordR, "K_", true},
+      {"4294967297", OPT_FLOAT, "K_FFFF", false},  // read as a 32-bit long: clamped
   };
   for (const EncodeCase& row : rows) ExpectEncodes(EncodeWordConstant, row);
 }
@@ -112,6 +119,8 @@ TEST(EncodeLongConstant, Digits) {
       {"-1", 0, "FFFFFFFF", false},
       {"-5", 0, "FFFFFFFB", false},
       {"2147483647", OPT_DEC, "7FFFFFFF", false},
+      {"2147483648", OPT_FLOAT, "7FFFFFFF", false},  // clamped as a 32-bit long
+      {"-9999999999", OPT_FLOAT, "80000000", false},
       {"H0", OPT_HEX, "00000000", false},
       {"H1FFFF", OPT_HEX, "0001FFFF", false},
       {"HFFFFFFFF", OPT_HEX, "FFFFFFFF", false},

@@ -80,24 +80,25 @@ bool CompileWordSourceForm(CompileSession& s, const LineOperands& op) {
 }
 
 // W = keyword ...: the conversions BIN and BCD of a word, the block operations COPY, FILL, SUM
-// and AVRG of a source with a constant count. Other keywords are error 16.
+// and AVRG of a source with a constant count. Other keywords are error 16. The keyword chooses
+// the instruction, so an input destination is warned of before its operands are checked.
 void CompileKeywordSource(CompileSession& s, const LineOperands& op) {
   const std::int32_t code = op.code(2);
   const char operation = static_cast<char>(code);
   switch (code) {
     case keyword::kBin:
     case keyword::kBcd:
-      if (!op.fits(3, type_set::kWordOperand) || !op.empty(4)) break;
       WarnInputDestination(s, kInputWord);
+      if (!op.fits(3, type_set::kWordOperand) || !op.empty(4)) break;
       EmitUnitGroup(s, operation, {field::Area(3), field::Blank(), field::Area(0)});
       return;
     case keyword::kCopy:
     case keyword::kFill:
     case keyword::kSum:
     case keyword::kAvrg:
+      WarnInputDestination(s, kInputWord);
       // The source is not type-tested: the area encoder rejects what is no word.
       if ((op.type(4) & type_set::kConstant) == 0) break;
-      WarnInputDestination(s, kInputWord);
       EmitUnitGroup(s, operation, {field::Area(3), field::Constant(4), field::Area(0)});
       return;
     default:

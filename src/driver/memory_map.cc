@@ -45,7 +45,9 @@ std::int32_t ReadAreaNumber(std::string_view field) {
     digits.pop_back();
     base = 16;
   }
-  return static_cast<std::int32_t>(std::strtol(digits.c_str(), nullptr, base));
+  // Read wide and kept to 32 bits, as "%x" and "%d" give them on any host.
+  return static_cast<std::int32_t>(
+      static_cast<std::uint32_t>(std::strtoull(digits.c_str(), nullptr, base)));
 }
 
 // Splits an upper-cased area line into its six fields and stores them in `area`. False when the
@@ -118,10 +120,12 @@ const MemoryArea* FindMemoryArea(const MemoryMapState& map, std::string_view nam
 }
 
 void DeriveAreaSizes(MemoryMapState& map) {
-  // The first of rows 0 to 61 whose name equals the wanted one on the wanted name's length.
+  // The first of rows 0 to 61 whose name equals the wanted one: names of two letters are
+  // compared on two characters, longer ones whole.
   auto find = [&map](std::string_view wanted) -> const MemoryArea* {
+    const std::size_t limit = wanted.size() == 2 ? 2 : 256;
     for (std::size_t i = 0; i + 1 < kMemoryAreaRows; ++i) {
-      if (NamesEqual(map.areas[i].name.view(), wanted, wanted.size())) return &map.areas[i];
+      if (NamesEqual(map.areas[i].name.view(), wanted, limit)) return &map.areas[i];
     }
     return nullptr;
   };

@@ -159,9 +159,12 @@ TEST(MemoryMap, DerivedSizesComeFromTheNamedRowsOrAreZero) {
       "#MEM#Y\r\n"
       "WX,WWWW,0,0,6,3\r\n"
       "WX,WWWW,0,0,99,99\r\n"
+      "WAXE,WWWW,0,0,7,7\r\n"  // three-letter names are compared whole
       "WAX,WWWW,0,0,2,16\r\n"
-      "WR,WWWW,0,0,1,2000\r\n"
-      "T,TTTT,0,0,1,64\r\n");
+      "WRX,WWWW,0,0,1,2000\r\n"  // two-letter names on two characters
+      "WR,WWWW,0,0,1,3000\r\n"
+      "T,TTTT,0,0,1,64\r\n"
+      "BIG,WWWW,80000000H,0,0,1\r\n");
   ASSERT_EQ(load.result, 0);
   DeriveAreaSizes(load.session.memory);
   const DerivedSizes& z = load.session.memory.sizes;
@@ -171,6 +174,7 @@ TEST(MemoryMap, DerivedSizesComeFromTheNamedRowsOrAreZero) {
   EXPECT_EQ(z.wax_elements, 16);
   EXPECT_EQ(z.wr_elements, 2000);
   EXPECT_EQ(z.t_elements, 64);
+  EXPECT_EQ(FindMemoryArea(load.session.memory, "BIG")->base, INT32_MIN);  // kept to 32 bits
   EXPECT_EQ(z.wy_groups, 0);  // no row of that name
   EXPECT_EQ(z.wy_elements, 0);
   EXPECT_EQ(z.way_elements, 0);

@@ -91,6 +91,9 @@ int ConvertCodeLine(const MemoryMapState& map, const char* line,
     if (result != 0) return result;
     ++*count;
   }
+  // A record of more units than the line and word buffers hold is refused rather than cut.
+  const std::size_t rest = 3 + *count * kUnitSize;
+  if (rest < length && line[rest] != '\n') return kNoBufferMemory;
   return 0;
 }
 

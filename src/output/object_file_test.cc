@@ -125,10 +125,12 @@ TEST(ConvertCodeLine, ConvertsAtMost249UnitsOfALine) {
   std::array<ObjectWord, kMaxUnitsPerLine> words;
   std::size_t count = 0;
   std::string line = "#R#";
-  for (int i = 0; i < 250; ++i) line += "A_R_0123";
-  line += "\n";
-  EXPECT_EQ(ConvertCodeLine(bench.session().memory, line.c_str(), &words, &count), 0);
+  for (int i = 0; i < 249; ++i) line += "A_R_0123";
+  EXPECT_EQ(ConvertCodeLine(bench.session().memory, (line + "\n").c_str(), &words, &count), 0);
   EXPECT_EQ(count, 249u);
+  // One unit more does not fit the buffers: the record is refused, not cut.
+  line += "A_R_0123\n";
+  EXPECT_EQ(ConvertCodeLine(bench.session().memory, line.c_str(), &words, &count), 5);
 
   // A unit cut short by the line end is read up to it.
   EXPECT_EQ(ConvertCodeLine(bench.session().memory, "#R#A_R_0123L2__\n", &words, &count), 0);

@@ -21,7 +21,7 @@ inline constexpr int kUnknownAreaType = 1;    // the area's type has no conversi
 inline constexpr int kNoSuchArea = 2;         // no area of that name (or a non-word table operand)
 inline constexpr int kElementOutOfRange = 3;  // element (low part) not below the low limit
 inline constexpr int kGroupOutOfRange = 4;    // group (high part) not below the high limit
-inline constexpr int kNoBufferMemory = 5;     // no memory for the line or word buffers
+inline constexpr int kNoBufferMemory = 5;     // the line or word buffers cannot hold a record
 inline constexpr int kFileFailure = 6;        // listing missing or wrong, output not created
 
 struct OperandAddress {

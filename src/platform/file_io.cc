@@ -125,7 +125,6 @@ int InputFile::GetByte() {
 
 bool InputFile::ReadLine(char* buffer, std::size_t max_chars) {
   std::size_t n = 0;
-  buffer[0] = '\0';
   if (file_ == nullptr) return false;
   while (n < max_chars) {
     int c = GetByte();
@@ -133,8 +132,9 @@ bool InputFile::ReadLine(char* buffer, std::size_t max_chars) {
     buffer[n++] = static_cast<char>(c);
     if (c == '\n') break;
   }
+  if (n == 0) return false;  // as fgets: nothing read leaves the buffer as it was
   buffer[n] = '\0';
-  return n > 0;
+  return true;
 }
 
 std::size_t InputFile::Read(char* buffer, std::size_t count) {

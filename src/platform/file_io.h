@@ -51,7 +51,8 @@ class InputFile {
   bool is_open() const { return file_ != nullptr; }
 
   // Reads a line as fgets does with a buffer of max_chars + 1: at most max_chars characters, the
-  // line feed included when it fits, always NUL-terminated. False when nothing could be read.
+  // line feed included when it fits, NUL-terminated. False when nothing could be read; the
+  // buffer is then left as it was.
   bool ReadLine(char* buffer, std::size_t max_chars);
   // One byte, or -1 at the end of the file.
   int GetByte();
