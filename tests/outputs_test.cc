@@ -210,10 +210,9 @@ TEST(Outputs, TwoCompilesInOneSession) {
   EXPECT_EQ(p.ReadFile("PLANT.ERR"), errors);
 }
 
-// Disabled until a rung whose code is longer than a line the object writer reads (249 units,
-// 1,999 characters) is refused: today its listing line is cut at the read, the object code file
-// lacks the rest of its units, and the compile still succeeds.
-TEST(Outputs, DISABLED_ARungLongerThanAnObjectLineIsNotCutSilently) {
+// A rung whose code is longer than a line the object writer reads (249 units, 1,999 characters)
+// never leaves an object code file that lacks some of its units.
+TEST(Outputs, ARungLongerThanAnObjectLineIsNotCutSilently) {
   TempProject p;
   p.WriteSimpleProject({{"MAIN.PLC", testing::BoxRung(28, "WY1 = WX2")}});
   p.WriteMemoryMap(
