@@ -210,6 +210,27 @@ TEST(Outputs, TwoCompilesInOneSession) {
   EXPECT_EQ(p.ReadFile("PLANT.ERR"), errors);
 }
 
+// The element flags live as long as the module: a block start without a block end passes the
+// end-of-compile checks after a compile that had one, and fails them (error 69) in a fresh
+// module.
+TEST(Outputs, ElementFlagsCarryOverToTheNextCompile) {
+  TempProject earlier;
+  earlier.WriteSimpleProject(
+      {{"MAIN.PLC",
+        LadderSource().Row("1(R1.0) 2(R1.1) -x6 3(Y1.0)").Row("29").Row("42(BLOCK1)").Row("43")}});
+  earlier.WriteMemoryMap(false, {});
+  TempProject later;
+  later.WriteSimpleProject({{"MAIN.PLC", LadderSource().Row("29").Row("42(BLOCK1)")}});
+  later.WriteMemoryMap(false, {});
+
+  Session carried;
+  ASSERT_EQ(carried.Compile(earlier.dir()), kCompileOk);
+  EXPECT_EQ(carried.Compile(later.dir()), kCompileOk);
+  Session fresh;
+  EXPECT_EQ(fresh.Compile(later.dir()), kCompileFailed);
+  EXPECT_EQ(SplitLines(later.ReadFile("PLANT.ERR"))[1].substr(0, 10), "#E#NERR=69");
+}
+
 // A rung whose code is longer than a line the object writer reads (249 units, 1,999 characters)
 // never leaves an object code file that lacks some of its units.
 TEST(Outputs, ARungLongerThanAnObjectLineIsNotCutSilently) {
