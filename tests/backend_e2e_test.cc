@@ -11,9 +11,7 @@
 #include <vector>
 
 #include "rungc/session.h"
-#include "support/backend_fixtures.h"
-#include "support/boxe2e_fixtures.h"
-#include "support/driver_fixtures.h"
+#include "support/bench.h"
 #include "support/ladder_builder.h"
 
 namespace rungc {
@@ -25,9 +23,9 @@ using testing::HexBytes;
 using testing::LadderSource;
 using testing::ListingSum;
 using testing::PidTable;
-using testing::RunSummary;
 using testing::SampleAreaLines;
 using testing::SplitLines;
+using testing::SummaryLines;
 using testing::TempProject;
 using testing::ThermoregulationTable;
 using Lines = std::vector<std::string>;
@@ -155,7 +153,7 @@ TEST(BackendEndToEnd, JumpsAndCallsResolveAcrossPrograms) {
   // end-of-main rung (15 units and 1); the subroutine total is the count after the end-of-main
   // rung, which starts at -1.
   EXPECT_EQ(p.ReadFile("PLANT.ERR"),
-            CrLfText(Concat({"#F#MAIN.PLC", "#F#SUBS.PLC"}, RunSummary(11, 0, 0, 15, 16, 8))));
+            CrLfText(Concat({"#F#MAIN.PLC", "#F#SUBS.PLC"}, SummaryLines(11, 0, 0, 15, 16, 8))));
 }
 
 // Every word derived from the opcode table and the memory map above.
@@ -228,7 +226,7 @@ TEST(BackendEndToEnd, UndefinedNamesFailTheLabelPass) {
             CrLfText(Concat(
                 {"#F#FIRST.PLC", "#F#SECOND.PLC", "#F#SECOND.PLC", "#J#NERR=37#RUNG= 3 : GHOST_",
                  "#F#SECOND.PLC", "#J#NERR=58#RUNG= 4 : NOSUB_"},
-                RunSummary(5, 2, 0, 5, 3, 9))));
+                SummaryLines(5, 2, 0, 5, 3, 9))));
   EXPECT_FALSE(p.Exists("PLANT.$$$"));
   EXPECT_FALSE(p.Exists("PLANT.cod"));
   EXPECT_FALSE(p.Exists("PLANT.tmc"));
@@ -256,7 +254,7 @@ TEST_P(ObjectWriterFails, WithTheFailingFileAndLine) {
   ASSERT_EQ(session.Compile(p.dir()), kCompileFailed);
   EXPECT_EQ(p.ReadFile("PLANT.ERR"),
             CrLfText(Concat(Concat({"#F#FIRST.PLC", "#F#SECOND.PLC"}, c.failure),
-                            RunSummary(4, 1, 0, 3, 2, 6))));
+                            SummaryLines(4, 1, 0, 3, 2, 6))));
   EXPECT_FALSE(p.Exists("PLANT.cod"));
   EXPECT_FALSE(p.Exists("PLANT.tmc"));
   EXPECT_FALSE(p.Exists("PLANT.pdc"));

@@ -1,7 +1,7 @@
 // Bit assignments and comparisons compiled from whole box lines.
 #include <gtest/gtest.h>
 
-#include "support/boxlines_fixtures.h"
+#include "support/bench.h"
 
 namespace rungc::testing {
 namespace {
@@ -12,7 +12,7 @@ TEST(BoxlinesBit, ExampleLines) {
       {"Y1.0 = 1", "MOY_0010 M·K_0001", {}},
       {"Y1.0 = NOT X2.3", "MoY_0010 M·X_0023", {}},
       {"F0.8 : WX1 >= 100", "M]WX0001 M·K_0064 M·F_0008", {}},
-      {"F0.8 : DR1 <> DR2", "ML······ MeDR0001 M·DR0002 M·F_0008", {}},
+      {"F0.8 : DR1 <> DR2", "ML MeDR0001 M·DR0002 M·F_0008", {}},
       {"F0.8 : X1.0 == 1", "MQX_0010 M·K_0001 M·F_0008", {}},
   };
   for (const LineCase& row : rows) ExpectLine(row);
@@ -27,12 +27,12 @@ TEST(BoxlinesBit, ComparisonCharacters) {
       {"R1.2 : WR1 <= WR2", "M[WR0001 M·WR0002 M·R_0012", {}},
       {"R1.2 : WR1 >< WR2", "MeWR0001 M·WR0002 M·R_0012", {}},
       {"Z3.F : 5 <> H10", "MeK_0005 M·K_0010 M·Z_003F", {}},
-      {"F0.8 : DX1 > DY2", "ML······ M>DX0001 M·DY0002 M·F_0008", {}},
-      {"F0.8 : DX1 < DY2", "ML······ M<DX0001 M·DY0002 M·F_0008", {}},
-      {"F0.8 : DM1 == DZ2", "ML······ MEDM0001 M·DZ0002 M·F_0008", {}},
-      {"F0.8 : DM1 >= DZ2", "ML······ M]DM0001 M·DZ0002 M·F_0008", {}},
-      {"F0.8 : DM1 <= DZ2", "ML······ M[DM0001 M·DZ0002 M·F_0008", {}},
-      {"F0.8 : DM1 >< DZ2", "ML······ MeDM0001 M·DZ0002 M·F_0008", {}},
+      {"F0.8 : DX1 > DY2", "ML M>DX0001 M·DY0002 M·F_0008", {}},
+      {"F0.8 : DX1 < DY2", "ML M<DX0001 M·DY0002 M·F_0008", {}},
+      {"F0.8 : DM1 == DZ2", "ML MEDM0001 M·DZ0002 M·F_0008", {}},
+      {"F0.8 : DM1 >= DZ2", "ML M]DM0001 M·DZ0002 M·F_0008", {}},
+      {"F0.8 : DM1 <= DZ2", "ML M[DM0001 M·DZ0002 M·F_0008", {}},
+      {"F0.8 : DM1 >< DZ2", "ML MeDM0001 M·DZ0002 M·F_0008", {}},
       {"F0.8 : X1.0 <> Y2.F", "MqX_0010 M·Y_002F M·F_0008", {}},
       {"F0.8 : X1.0 >< Y2.F", "MqX_0010 M·Y_002F M·F_0008", {}},
       {"F0.8 : X1.0 == 0", "MQX_0010 M·K_0000 M·F_0008", {}},
@@ -52,7 +52,7 @@ TEST(BoxlinesBit, AssignmentForms) {
       {"X1.0 = 1", "MOX_0010 M·K_0001", {"W1:X1.0"}},
       {"X1.0 = NOT X1.1", "MoX_0010 M·X_0011", {"W1:X1.0"}},
       {"X1.0 : WX1 > 5", "M>WX0001 M·K_0005 M·X_0010", {"W1:X1.0"}},
-      {"X1.0 : DR1 > DR2", "ML······ M>DR0001 M·DR0002 M·X_0010", {"W1:X1.0"}},
+      {"X1.0 : DR1 > DR2", "ML M>DR0001 M·DR0002 M·X_0010", {"W1:X1.0"}},
       {"X1.0 : X1.1 == 1", "MQX_0011 M·K_0001 M·X_0010", {"W1:X1.0"}},
   };
   for (const LineCase& row : rows) ExpectLine(row);

@@ -1,20 +1,20 @@
 // Word instructions compiled from whole box lines through the lexer, classifier and dispatcher.
 #include <gtest/gtest.h>
 
-#include "support/boxlines_fixtures.h"
+#include "support/bench.h"
 
 namespace rungc::testing {
 namespace {
 
 TEST(BoxlinesWord, ExampleLines) {
   const LineCase rows[] = {
-      {"WY1 = WX2", "MDWX0002 M······· M·WY0001", {}},
-      {"WY1 = 100", "MdK_0064 M······· M·WY0001", {}},
+      {"WY1 = WX2", "MDWX0002 M M·WY0001", {}},
+      {"WY1 = 100", "MdK_0064 M M·WY0001", {}},
       {"WR5 = WR1 + H10", "M+WR0001 M·K_0010 M·WR0005", {}},
       {"WM2 = WR1 AND WR3", "M&WR0001 M·WR0003 M·WM0002", {}},
       {"WY1 = WR10 (WR3)", "M@WR0010 M·WR0003 M·WY0001", {}},
       {"WM4 (WR2) = 7", "M$WR0002 M·K_0007 M·WM0004", {}},
-      {"WX1 = BIN WR2", "MBWR0002 M······· M·WX0001", {"W1:WX1"}},
+      {"WX1 = BIN WR2", "MBWR0002 M M·WX0001", {"W1:WX1"}},
       {"WR1 = COPY WM5 10", "MCWM0005 M·K_000A M·WR0001", {}},
       {"WR1 = FX3", "MxK_0020 M·K_0003 M·WR0001", {}},
   };
@@ -30,27 +30,27 @@ TEST(BoxlinesWord, EveryOperationAndOperandForm) {
       {"WM2 = WR1 OR H00FF", "M|WR0001 M·K_00FF M·WM0002", {}},
       {"WM2 = WR1 XOR 70000", "M^WR0001 M·K_1170 M·WM0002", {}},
       // Keyword sources.
-      {"WY2 = BCD WAX3", "MbAX0003 M······· M·WY0002", {}},
+      {"WY2 = BCD WAX3", "MbAX0003 M M·WY0002", {}},
       {"WR1 = FILL (WM5) H10", "MFWM0005 M·K_0010 M·WR0001", {}},
       {"WR1 = SUM DR4 3", "MVDR0004 M·K_0003 M·WR0001", {}},
       {"WR1 = AVRG WR0 1", "MGWR0000 M·K_0001 M·WR0001", {}},
       // Operand fields: "WAY"/"WAX" words, zeros, constants rewritten by the classifier.
-      {"WAY7 = 0012", "MdK_000C M······· M·AY0007", {}},
-      {"WR1 = HFFFF", "MdK_FFFF M······· M·WR0001", {}},
-      {"WR0 = WR000", "MDWR0000 M······· M·WR0000", {}},
-      {"wy1=wx2", "MDWX0002 M······· M·WY0001", {}},
+      {"WAY7 = 0012", "MdK_000C M M·AY0007", {}},
+      {"WR1 = HFFFF", "MdK_FFFF M M·WR0001", {}},
+      {"WR0 = WR000", "MDWR0000 M M·WR0000", {}},
+      {"wy1=wx2", "MDWX0002 M M·WY0001", {}},
       {"WY1 = WM2 (WM1F)", "M@WM0002 M·WM001F M·WY0001", {}},
       {"WR4 ( wr2 ) = WX7", "M$WR0002 M·WX0007 M·WR0004", {}},
       {"WR1 = FX10", "MxK_0020 M·K_000a M·WR0001", {}},
       // The last operand of a full 32-character line is kept.
-      {"WR1 =                        100", "MdK_0064 M······· M·WR0001", {}},
+      {"WR1 =                        100", "MdK_0064 M M·WR0001", {}},
   };
   for (const LineCase& row : rows) ExpectLine(row);
 }
 
 TEST(BoxlinesWord, InputDestinationWarnsAndStillWrites) {
   const LineCase rows[] = {
-      {"WAX2 = WR1", "MDWR0001 M······· M·AX0002", {"W1:WAX2"}},
+      {"WAX2 = WR1", "MDWR0001 M M·AX0002", {"W1:WAX2"}},
       {"WX1 = WR2 + 1", "M+WR0002 M·K_0001 M·WX0001", {"W1:WX1"}},
       {"WX1 = WR2 AND 1", "M&WR0002 M·K_0001 M·WX0001", {"W1:WX1"}},
       {"WX1 = WR2 (WR3)", "M@WR0002 M·WR0003 M·WX0001", {"W1:WX1"}},

@@ -4,14 +4,13 @@
 
 #include <string>
 
-#include "support/driver_fixtures.h"
+#include "support/bench.h"
 #include "support/ladder_builder.h"
 #include "support/seqmsg_fixtures.h"
 
 namespace rungc {
 namespace {
 
-using testing::EmptyLadderSource;
 using ::testing::HasSubstr;
 using testing::LadderSource;
 using ::testing::Not;
@@ -21,7 +20,7 @@ using testing::TempProject;
 void WriteEmptyPrograms(const TempProject& p, const std::vector<std::string>& programs) {
   p.WriteStatus();
   p.WriteProject(programs);
-  for (const std::string& name : programs) p.WriteFile(name, EmptyLadderSource());
+  for (const std::string& name : programs) p.WriteFile(name, LadderSource().Text());
 }
 
 TEST(ToolProcess, ACleanCompileExitsZeroAndSaysSo) {
@@ -81,7 +80,7 @@ TEST(ToolProcess, AFailedCompileExitsOneAndExplainsWhatStoppedIt) {
     TempProject p;
     p.WriteStatus();
     p.WriteProject(c.lines, c.end_line);
-    p.WriteFile("MAIN.PLC", EmptyLadderSource());
+    p.WriteFile("MAIN.PLC", LadderSource().Text());
     const testing::ToolRun run = RunTool({"compile"}, p.dir());
     EXPECT_EQ(run.status, 1);
     EXPECT_THAT(run.err, HasSubstr(c.says));
@@ -135,7 +134,8 @@ TEST(ToolProcess, MessagesPrintsAModulesSectionsOrTheLanguagesAvailable) {
               testing::MessageFile().Section(24).Entry(1, "Output in the input area").Text());
   const testing::ToolRun comp = RunTool({"messages", "--lang", "ing", "COMP"}, p.dir());
   EXPECT_EQ(comp.status, 0) << comp.err;
-  EXPECT_THAT(comp.out, HasSubstr("#B24 WCMP_WARN\n   1  Output in the input area\n#B25 WANA_ERRS\n"));
+  EXPECT_THAT(comp.out,
+              HasSubstr("#B24 WCMP_WARN\n   1  Output in the input area\n#B25 WANA_ERRS\n"));
   EXPECT_THAT(comp.out, HasSubstr("#B26 WCMP_ERRS\n   1  *****\n"));
 
   const testing::ToolRun other = RunTool({"messages", "--lang", "ITA"}, p.dir());

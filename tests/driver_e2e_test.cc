@@ -9,14 +9,14 @@
 
 #include "common/session.h"
 #include "rungc/session.h"
-#include "support/driver_fixtures.h"
+#include "support/bench.h"
 #include "support/ladder_builder.h"
 
 namespace rungc {
 namespace {
 
 using testing::ChecksumTrailer;
-using testing::EmptyLadderSource;
+using testing::LadderSource;
 using testing::ListingSum;
 using testing::SplitLines;
 using testing::TempProject;
@@ -34,7 +34,7 @@ std::string Summary(int rows, int errors, int warnings = 0, int rungs = 0) {
 void WriteEmptyPrograms(const TempProject& p, const std::vector<std::string>& programs) {
   p.WriteStatus();
   p.WriteProject(programs);
-  for (const std::string& name : programs) p.WriteFile(name, EmptyLadderSource());
+  for (const std::string& name : programs) p.WriteFile(name, LadderSource().Text());
 }
 
 TEST(DriverEndToEnd, ACleanProjectGivesZeroAndItsFilesByteForByte) {
@@ -127,7 +127,7 @@ TEST(DriverEndToEnd, AProgramListThatStopsGives4098WithTheSummaryButNoTrailer) {
     TempProject p;
     p.WriteStatus();
     p.WriteProject(c.lines, c.end_line);
-    for (const std::string& name : c.sources) p.WriteFile(name, EmptyLadderSource());
+    for (const std::string& name : c.sources) p.WriteFile(name, LadderSource().Text());
     p.WriteFile("WRONG.PLC", "- KORVA   1994       PRO             ;");
     p.WriteMemoryMap(true, {"WX,WWWW,0,0,8,4"});
     Session session;
@@ -169,7 +169,7 @@ TEST(DriverEndToEnd, TheStatusFileMayPlaceTheProjectInADirectory) {
     TempProject p;
     p.WriteStatus(directory);
     p.WriteProject({"MAIN.PLC"}, true, "plc/line1/PLANT.PRO");
-    p.WriteFile("plc/line1/MAIN.PLC", EmptyLadderSource());
+    p.WriteFile("plc/line1/MAIN.PLC", LadderSource().Text());
     Session session;
     EXPECT_EQ(session.Compile(p.dir()), 0u);
     EXPECT_TRUE(p.Exists("plc/line1/PLANT.LII"));

@@ -2,7 +2,7 @@
 // dispatcher.
 #include <gtest/gtest.h>
 
-#include "support/boxlines_fixtures.h"
+#include "support/bench.h"
 
 namespace rungc::testing {
 namespace {

@@ -2,7 +2,7 @@
 // dispatcher, including the IF's second pass through the bit comparisons.
 #include <gtest/gtest.h>
 
-#include "support/boxlines_fixtures.h"
+#include "support/bench.h"
 
 namespace rungc::testing {
 namespace {
@@ -13,9 +13,9 @@ TEST(FamiliesKeyword, ExampleLines) {
       {"SHFL WM2", "MsWM0002", {}},
       {"SFR WR10 16 4", "MTWR0010 M·K_0010 M·K_0004", {}},
       {"ROL WZ1 H100 32", "MuWZ0001 M·K_0100 M·K_0020", {}},
-      {"IF WX1 > 5", "M>WX0001 M·K_0005 M·F_0008 Mj······", {}},
-      {"ELSE", "Mk······", {}},
-      {"ENDIF", "Ml······", {}},
+      {"IF WX1 > 5", "M>WX0001 M·K_0005 M·F_0008 Mj", {}},
+      {"ELSE", "Mk", {}},
+      {"ENDIF", "Ml", {}},
       {"FUN 12 WR1 7", "MXK_000C M·WR0001 M·K_0007", {}},
       {"DPREAD 3 WR4 10", "MPK_0003 M·K_000A M·WR0004", {}},
       {"DPWRITE WR4 3 10", "MpWR0004 M·K_000A M·K_0003", {}},
@@ -54,11 +54,11 @@ TEST(FamiliesKeyword, WordAndShiftInstructions) {
 
 TEST(FamiliesKeyword, IfComparesThroughTheFlagBit) {
   const LineCase rows[] = {
-      {"IF DR1 <> DR2", "ML······ MeDR0001 M·DR0002 M·F_0008 Mj······", {}},
-      {"IF X1.0 == 1", "MQX_0010 M·K_0001 M·F_0008 Mj······", {}},
-      {"IF 5 <= WR1", "M[K_0005 M·WR0001 M·F_0008 Mj······", {}},
-      {"IF H10 >< H20", "MeK_0010 M·K_0020 M·F_0008 Mj······", {}},
-      {"if wy1<wr2", "M<WY0001 M·WR0002 M·F_0008 Mj······", {}},
+      {"IF DR1 <> DR2", "ML MeDR0001 M·DR0002 M·F_0008 Mj", {}},
+      {"IF X1.0 == 1", "MQX_0010 M·K_0001 M·F_0008 Mj", {}},
+      {"IF 5 <= WR1", "M[K_0005 M·WR0001 M·F_0008 Mj", {}},
+      {"IF H10 >< H20", "MeK_0010 M·K_0020 M·F_0008 Mj", {}},
+      {"if wy1<wr2", "M<WY0001 M·WR0002 M·F_0008 Mj", {}},
       // The IF's own test: a comparison sign between two words, double words or bits.
       {"IF WX1 = 5", "", {"E16"}},
       {"IF WX1 5", "", {"E16"}},
@@ -72,25 +72,25 @@ TEST(FamiliesKeyword, IfComparesThroughTheFlagBit) {
       {"IF WX1 >", kAnyCode, {"E9"}},
       {"IF WX12345 > 1", kAnyCode, {"E9:WX12345"}},
       // The comparison's right side is moved over operand 4, which is not looked at.
-      {"IF WX1 >= H10 WR3", "M]WX0001 M·K_0010 M·F_0008 Mj······", {}},
+      {"IF WX1 >= H10 WR3", "M]WX0001 M·K_0010 M·F_0008 Mj", {}},
       // ELSE and ENDIF look at nothing else.
-      {"ELSE WR1", "Mk······", {}},
-      {"ENDIF 5", "Ml······", {}},
+      {"ELSE WR1", "Mk", {}},
+      {"ENDIF 5", "Ml", {}},
   };
   for (const LineCase& row : rows) ExpectLine(row);
 }
 
 TEST(FamiliesKeyword, IfWritesNoJumpUnitOnARungWithAnError) {
-  BoxBench bench;
+  Bench bench;
   const BoxResult result = bench.CompileCell({"FOO = 1", "IF WX1 > 5"});
-  EXPECT_EQ(result.code, Units("M>WX0001 M·K_0005 M·F_0008"));
-  EXPECT_EQ(result.reports, std::vector<std::string>{Record("E16:FOO", PaddedLine("FOO = 1"))});
+  EXPECT_EQ(DumpUnits(result.code), "M>WX0001 M·K_0005 M·F_0008");
+  EXPECT_EQ(result.reports, std::vector<std::string>{Record("E16:FOO", BoxLine("FOO = 1"))});
 }
 
 TEST(FamiliesKeyword, ConditionalBlockInOneCell) {
-  BoxBench bench;
+  Bench bench;
   const BoxResult result = bench.CompileCell({"IF X1.0 == 0", "ELSE", "ENDIF"}, 10);
-  EXPECT_EQ(result.code, Units("MQX_0010 M·K_0000 M·F_0008 Mj······ Mk······ Ml······"));
+  EXPECT_EQ(DumpUnits(result.code), "MQX_0010 M·K_0000 M·F_0008 Mj Mk Ml");
   EXPECT_TRUE(result.reports.empty());
 }
 

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "rungc/session.h"
-#include "support/boxe2e_fixtures.h"
+#include "support/bench.h"
 #include "support/ladder_builder.h"
 
 namespace rungc {

@@ -8,14 +8,13 @@
 
 #include "common/session.h"
 #include "rungc/session.h"
+#include "support/bench.h"
 #include "support/ladder_builder.h"
-#include "support/rungs_fixtures.h"
 
 namespace rungc {
 namespace {
 
 using testing::LadderSource;
-using testing::ListingChecksumLine;
 using testing::SummaryLines;
 using testing::TempProject;
 using Lines = std::vector<std::string>;
@@ -41,9 +40,7 @@ Lines Concat(Lines a, const Lines& b) {
 
 // The listing of a compile without errors: header, records, checksum line.
 std::string SuccessfulListing(const Lines& records) {
-  Lines lines = Concat({kListingHeader}, records);
-  lines.push_back(ListingChecksumLine(lines));
-  return FileText(lines);
+  return testing::ListingText(records);
 }
 
 TEST(RungsEndToEnd, BlocksAfterTheEndOfMain) {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "common/session.h"
-#include "support/driver_fixtures.h"
+#include "support/bench.h"
 #include "support/ladder_builder.h"
 
 namespace rungc {

@@ -4,12 +4,12 @@
 
 #include <gtest/gtest.h>
 
-#include "support/backend_fixtures.h"
+#include "support/bench.h"
 
 namespace rungc {
 namespace {
 
-using testing::BackendBench;
+using testing::Bench;
 
 // Enters names in the label tables as the compile of the rungs would: "j>N" a jump to N, "j=N"
 // the label N, "s>N" a call of N, "s=N" the subroutine N.
@@ -148,7 +148,7 @@ const std::vector<LabelPassCase>& LabelPassCases() {
 TEST(ResolveLabels, RewritesTheListingOrReportsEachFailure) {
   for (const LabelPassCase& c : LabelPassCases()) {
     SCOPED_TRACE(c.title);
-    BackendBench bench;
+    Bench bench;
     EnterNames(bench.session(), c.names);
     bench.WriteListing(c.listing);
     EXPECT_EQ(bench.RunLabelPass(), c.result);
@@ -167,7 +167,7 @@ std::string NestedIfs(int depth) {
 }
 
 TEST(ResolveLabels, NestsFifteenIfsButNotSixteen) {
-  BackendBench fifteen;
+  Bench fifteen;
   fifteen.WriteListing({NestedIfs(15)});
   EXPECT_EQ(fifteen.RunLabelPass(), 0);
   // The outermost IF spans all 30 units of the structure, the innermost one unit.
@@ -175,7 +175,7 @@ TEST(ResolveLabels, NestsFifteenIfsButNotSixteen) {
   EXPECT_EQ(line.substr(19, 8), "MjK_001D");
   EXPECT_EQ(line.substr(19 + 14 * 8, 8), "MjK_0001");
 
-  BackendBench sixteen;
+  Bench sixteen;
   sixteen.WriteListing({"#F#MAIN.PLC", NestedIfs(16)});
   EXPECT_EQ(sixteen.RunLabelPass(), -1);
   EXPECT_EQ(sixteen.ErrorLines(),
@@ -183,7 +183,7 @@ TEST(ResolveLabels, NestsFifteenIfsButNotSixteen) {
 }
 
 TEST(ResolveLabels, ErrorsAreDroppedWhileTheRungLatchIsSet) {
-  BackendBench bench;
+  Bench bench;
   bench.session().diag.rung_error_latch = true;
   bench.WriteListing({"#F#MAIN.PLC", "#R#LlLOST__"});
   EXPECT_EQ(bench.RunLabelPass(), -1);
@@ -192,7 +192,7 @@ TEST(ResolveLabels, ErrorsAreDroppedWhileTheRungLatchIsSet) {
 }
 
 TEST(ResolveLabels, RewriteModeWritesAFailedLineAsItsFileName) {
-  BackendBench bench;
+  Bench bench;
   EnterNames(bench.session(), {"j>GONE", "j>LOOP1", "j=LOOP1"});
   const std::vector<std::string> listing = {"#F#MAIN.PLC", "#R#LJLOOP1_", "#R#LjGONE__",
                                             "#R#LlLOOP1_"};
@@ -206,7 +206,9 @@ TEST(ResolveLabels, RewriteModeWritesAFailedLineAsItsFileName) {
 }
 
 TEST(ResolveLabels, UnopenedFilesGiveSixWithoutReport) {
-  BackendBench bench;
+  Bench bench;
+  bench.session().diag.listing.Close();
+  platform::RemoveFile(bench.session().diag.listing_path);
   EXPECT_EQ(ResolveLabels(bench.session(), 0), 6);  // no listing
   EXPECT_EQ(ResolveLabels(bench.session(), 1), 6);  // no ".$$$" copy
   EXPECT_TRUE(bench.ErrorLines().empty());

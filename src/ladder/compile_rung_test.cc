@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "support/relay_fixtures.h"
+#include "support/bench.h"
 
 namespace rungc {
 namespace {
@@ -14,9 +14,6 @@ namespace {
 using testing::Cell;
 using testing::DumpUnits;
 using testing::LadderSource;
-using testing::LoadRung;
-using testing::LoadRungCells;
-using testing::NewSession;
 
 struct RungCase {
   const char* name;
@@ -29,17 +26,18 @@ class RungCompiles : public ::testing::TestWithParam<RungCase> {};
 
 TEST_P(RungCompiles, GivesRawCodeAndRecord) {
   const RungCase& c = GetParam();
-  auto s = NewSession();
-  LoadRung(*s, c.rows);
-  CompileRawRungCode(*s);
-  EXPECT_EQ(s->diag.current_error, 0);
-  EXPECT_EQ(DumpUnits(s->ladder.code.view()), c.raw);
+  testing::Bench bench;
+  CompileSession& s = bench.session();
+  bench.LoadRung(c.rows);
+  CompileRawRungCode(s);
+  EXPECT_EQ(s.diag.current_error, 0);
+  EXPECT_EQ(DumpUnits(s.ladder.code.view()), c.raw);
 
-  LoadRung(*s, c.rows);
-  s->dispatch.conditional_block = 0;
-  CompileLadderRung(*s);
-  EXPECT_EQ(s->diag.current_error, 0);
-  EXPECT_EQ(DumpUnits(s->dispatch.record.view()), c.record);
+  bench.LoadRung(c.rows);
+  s.dispatch.conditional_block = 0;
+  CompileLadderRung(s);
+  EXPECT_EQ(s.diag.current_error, 0);
+  EXPECT_EQ(DumpUnits(s.dispatch.record.view()), c.record);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -145,16 +143,17 @@ class BoxRungCompiles : public ::testing::TestWithParam<BoxCase> {};
 
 TEST_P(BoxRungCompiles, FramedByItsCondition) {
   const BoxCase& c = GetParam();
-  auto s = NewSession();
-  LoadRungCells(*s, c.rung);
-  CompileRawRungCode(*s);
-  EXPECT_EQ(s->diag.current_error, 0);
-  EXPECT_EQ(DumpUnits(s->ladder.code.view()), c.raw);
-  LoadRungCells(*s, c.rung);
-  CompileLadderRung(*s);
-  EXPECT_EQ(s->diag.current_error, 0);
-  EXPECT_EQ(DumpUnits(s->dispatch.record.view()), c.record);
-  EXPECT_EQ(s->dispatch.instruction_counter, c.counted);
+  testing::Bench bench;
+  CompileSession& s = bench.session();
+  bench.LoadRung(c.rung);
+  CompileRawRungCode(s);
+  EXPECT_EQ(s.diag.current_error, 0);
+  EXPECT_EQ(DumpUnits(s.ladder.code.view()), c.raw);
+  bench.LoadRung(c.rung);
+  CompileLadderRung(s);
+  EXPECT_EQ(s.diag.current_error, 0);
+  EXPECT_EQ(DumpUnits(s.dispatch.record.view()), c.record);
+  EXPECT_EQ(s.dispatch.instruction_counter, c.counted);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -172,11 +171,12 @@ INSTANTIATE_TEST_SUITE_P(
     [](const ::testing::TestParamInfo<BoxCase>& info) { return std::string(info.param.name); });
 
 TEST(FunctionBlock, LineErrorStopsTheBox) {
-  auto s = NewSession();
-  LoadRungCells(*s, BoxRung("X0.1", {"100 = WR1", "Y1.0 = X2.3"}));
-  CompileLadderRung(*s);
-  EXPECT_EQ(s->diag.current_error, 16);
-  EXPECT_EQ(s->dispatch.record.view(), "");
+  testing::Bench bench;
+  CompileSession& s = bench.session();
+  bench.LoadRung(BoxRung("X0.1", {"100 = WR1", "Y1.0 = X2.3"}));
+  CompileLadderRung(s);
+  EXPECT_EQ(s.diag.current_error, 16);
+  EXPECT_EQ(s.dispatch.record.view(), "");
 }
 
 struct FailingRung {
@@ -191,13 +191,14 @@ class RungFails : public ::testing::TestWithParam<FailingRung> {};
 // Each rung breaks one rule; its first error is recorded and the record stays empty.
 TEST_P(RungFails, WithItsError) {
   const FailingRung& c = GetParam();
-  auto s = NewSession();
-  LoadRung(*s, c.rows);
-  CompileLadderRung(*s);
-  EXPECT_EQ(s->diag.current_error, c.error);
-  EXPECT_EQ(s->diag.item.view(), c.item);
-  EXPECT_EQ(s->diag.text.view(), c.item);
-  EXPECT_EQ(s->dispatch.record.view(), "");
+  testing::Bench bench;
+  CompileSession& s = bench.session();
+  bench.LoadRung(c.rows);
+  CompileLadderRung(s);
+  EXPECT_EQ(s.diag.current_error, c.error);
+  EXPECT_EQ(s.diag.item.view(), c.item);
+  EXPECT_EQ(s.diag.text.view(), c.item);
+  EXPECT_EQ(s.dispatch.record.view(), "");
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -241,45 +242,49 @@ std::vector<std::string> WideRung(const std::string& output) {
 }
 
 TEST(CodeText, ExactlyFullRungCompiles) {
-  auto s = NewSession();
-  LoadRung(*s, WideRung("3(Y0.1)"));
-  CompileRawRungCode(*s);
-  EXPECT_EQ(s->diag.current_error, 0);
-  EXPECT_EQ(s->ladder.code.position(), 2240u);
+  testing::Bench bench;
+  CompileSession& s = bench.session();
+  bench.LoadRung(WideRung("3(Y0.1)"));
+  CompileRawRungCode(s);
+  EXPECT_EQ(s.diag.current_error, 0);
+  EXPECT_EQ(s.ladder.code.position(), 2240u);
 }
 
 TEST(CodeText, OverflowIsError16AndWritesNothingPastTheBuffer) {
-  auto s = NewSession();
-  LoadRung(*s, WideRung("8(T1,100)"));  // a timer adds a preset unit: 281 units
-  CompileLadderRung(*s);
-  EXPECT_EQ(s->diag.current_error, 16);
-  EXPECT_EQ(s->diag.item.view(), "");
-  EXPECT_EQ(s->ladder.code.position(), 2240u);
-  EXPECT_EQ(s->ladder.code.data()[2240], '\0');
-  EXPECT_EQ(s->ladder.walk_state, -1);
-  EXPECT_EQ(s->dispatch.record.view(), "");
+  testing::Bench bench;
+  CompileSession& s = bench.session();
+  bench.LoadRung(WideRung("8(T1,100)"));  // a timer adds a preset unit: 281 units
+  CompileLadderRung(s);
+  EXPECT_EQ(s.diag.current_error, 16);
+  EXPECT_EQ(s.diag.item.view(), "");
+  EXPECT_EQ(s.ladder.code.position(), 2240u);
+  EXPECT_EQ(s.ladder.code.data()[2240], '\0');
+  EXPECT_EQ(s.ladder.walk_state, -1);
+  EXPECT_EQ(s.dispatch.record.view(), "");
 }
 
 TEST(InstructionCounter, GrowsByTheRecordsUnits) {
-  auto s = NewSession();
-  s->dispatch.instruction_counter = 5;
-  LoadRung(*s, {"1(X0.1) -x7 3(Y0.1)"});
-  CompileLadderRung(*s);
-  EXPECT_EQ(s->dispatch.instruction_counter, 7);
-  LoadRung(*s, {"1(*) -x1 38"});  // the pseudo-contact is not counted
-  CompileLadderRung(*s);
-  EXPECT_EQ(s->dispatch.instruction_counter, 8);
+  testing::Bench bench;
+  CompileSession& s = bench.session();
+  s.dispatch.instruction_counter = 5;
+  bench.LoadRung({"1(X0.1) -x7 3(Y0.1)"});
+  CompileLadderRung(s);
+  EXPECT_EQ(s.dispatch.instruction_counter, 7);
+  bench.LoadRung({"1(*) -x1 38"});  // the pseudo-contact is not counted
+  CompileLadderRung(s);
+  EXPECT_EQ(s.dispatch.instruction_counter, 8);
 }
 
 TEST(ConditionalBlock, SecondStartBeforeItsEndIsError20) {
-  auto s = NewSession();
-  LoadRung(*s, {"1(X0.1) -x7 40"});
-  CompileLadderRung(*s);
-  EXPECT_EQ(s->diag.current_error, 0);
-  EXPECT_EQ(s->dispatch.conditional_block, 1);
-  LoadRung(*s, {"1(X0.1) -x7 40"});
-  CompileLadderRung(*s);
-  EXPECT_EQ(s->diag.current_error, 20);
+  testing::Bench bench;
+  CompileSession& s = bench.session();
+  bench.LoadRung({"1(X0.1) -x7 40"});
+  CompileLadderRung(s);
+  EXPECT_EQ(s.diag.current_error, 0);
+  EXPECT_EQ(s.dispatch.conditional_block, 1);
+  bench.LoadRung({"1(X0.1) -x7 40"});
+  CompileLadderRung(s);
+  EXPECT_EQ(s.diag.current_error, 20);
 }
 
 }  // namespace

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "ladder/compile_rung.h"
-#include "support/relay_fixtures.h"
+#include "support/bench.h"
 
 namespace rungc {
 namespace {
@@ -17,8 +17,6 @@ namespace {
 using testing::Cell;
 using testing::DumpUnits;
 using testing::LadderSource;
-using testing::LoadRungCells;
-using testing::NewSession;
 
 OperandBuffer BufferOf(const std::string& text) {
   OperandBuffer buffer{};
@@ -63,16 +61,17 @@ class ChecksContactOperand : public ::testing::TestWithParam<ContactCase> {};
 
 TEST_P(ChecksContactOperand, ByItsArea) {
   const ContactCase& c = GetParam();
-  auto s = NewSession();
+  testing::Bench bench;
+  CompileSession& s = bench.session();
   OperandBuffer buffer = BufferOf(c.text);
-  EXPECT_EQ(CheckContactOperand(*s, buffer), c.operand_class);
+  EXPECT_EQ(CheckContactOperand(s, buffer), c.operand_class);
   EXPECT_STREQ(buffer.data(), c.rewritten);
   if (c.operand_class == kOperandMalformed) {
-    EXPECT_EQ(s->diag.current_error, 27);
-    EXPECT_EQ(s->diag.item.view(), c.rewritten);
-    EXPECT_EQ(s->diag.text.view(), c.rewritten);
+    EXPECT_EQ(s.diag.current_error, 27);
+    EXPECT_EQ(s.diag.item.view(), c.rewritten);
+    EXPECT_EQ(s.diag.text.view(), c.rewritten);
   } else {
-    EXPECT_EQ(s->diag.current_error, 0);
+    EXPECT_EQ(s.diag.current_error, 0);
   }
 }
 
@@ -110,15 +109,16 @@ class EncodesOperand : public ::testing::TestWithParam<OperandCase> {};
 
 TEST_P(EncodesOperand, OrRefusesIt) {
   const OperandCase& c = GetParam();
-  auto s = NewSession();
-  LoadRungCells(*s, c.rung);
-  CompileRawRungCode(*s);
-  EXPECT_EQ(s->diag.current_error, c.error);
+  testing::Bench bench;
+  CompileSession& s = bench.session();
+  bench.LoadRung(c.rung);
+  CompileRawRungCode(s);
+  EXPECT_EQ(s.diag.current_error, c.error);
   if (c.error == 0) {
-    EXPECT_EQ(DumpUnits(s->ladder.code.view()), c.raw);
+    EXPECT_EQ(DumpUnits(s.ladder.code.view()), c.raw);
   } else {
-    EXPECT_EQ(s->diag.item.view(), c.item);
-    EXPECT_EQ(s->diag.text.view(), c.item);
+    EXPECT_EQ(s.diag.item.view(), c.item);
+    EXPECT_EQ(s.diag.text.view(), c.item);
   }
 }
 
@@ -178,38 +178,42 @@ INSTANTIATE_TEST_SUITE_P(
     [](const ::testing::TestParamInfo<OperandCase>& info) { return std::string(info.param.name); });
 
 TEST(ElementOperands, JumpEntersItsLabel) {
-  auto s = NewSession();
-  LoadRungCells(*s, RungTo(Cell(22, {"loop1"})));
-  CompileRawRungCode(*s);
-  EXPECT_EQ(DumpUnits(s->ladder.code.view()), "DX000.1 Ljloop1");
-  EXPECT_EQ(s->labels.jumps.slot(0).name.view(), "loop1");
-  EXPECT_EQ(s->labels.jumps.slot(0).state, 1);
+  testing::Bench bench;
+  CompileSession& s = bench.session();
+  bench.LoadRung(RungTo(Cell(22, {"loop1"})));
+  CompileRawRungCode(s);
+  EXPECT_EQ(DumpUnits(s.ladder.code.view()), "DX000.1 Ljloop1");
+  EXPECT_EQ(s.labels.jumps.slot(0).name.view(), "loop1");
+  EXPECT_EQ(s.labels.jumps.slot(0).state, 1);
 }
 
 TEST(ElementOperands, JumpToALabelDefinedEarlierIsError37) {
-  auto s = NewSession();
-  ASSERT_EQ(s->labels.jumps.Define("LOOP1 "), 0);
-  LoadRungCells(*s, RungTo(Cell(22, {"LOOP1"})));
-  CompileLadderRung(*s);
-  EXPECT_EQ(s->diag.current_error, 37);
-  EXPECT_EQ(s->diag.item.view(), "LOOP1 ");
-  EXPECT_EQ(s->dispatch.record.view(), "");
+  testing::Bench bench;
+  CompileSession& s = bench.session();
+  ASSERT_EQ(s.labels.jumps.Define("LOOP1 "), 0);
+  bench.LoadRung(RungTo(Cell(22, {"LOOP1"})));
+  CompileLadderRung(s);
+  EXPECT_EQ(s.diag.current_error, 37);
+  EXPECT_EQ(s.diag.item.view(), "LOOP1 ");
+  EXPECT_EQ(s.dispatch.record.view(), "");
 }
 
 TEST(ElementOperands, CallOfASubroutineDefinedEarlierIsError58) {
-  auto s = NewSession();
-  ASSERT_EQ(s->labels.subroutines.Define("SUB1"), 0);
-  LoadRungCells(*s, RungTo(Cell(31, {"SUB1"})));
-  CompileLadderRung(*s);
-  EXPECT_EQ(s->diag.current_error, 58);
-  EXPECT_EQ(s->diag.text.view(), "SUB1  ");
+  testing::Bench bench;
+  CompileSession& s = bench.session();
+  ASSERT_EQ(s.labels.subroutines.Define("SUB1"), 0);
+  bench.LoadRung(RungTo(Cell(31, {"SUB1"})));
+  CompileLadderRung(s);
+  EXPECT_EQ(s.diag.current_error, 58);
+  EXPECT_EQ(s.diag.text.view(), "SUB1  ");
 }
 
 TEST(ElementOperands, BlankJumpNameIsError35) {
-  auto s = NewSession();
-  LoadRungCells(*s, RungTo(Cell(22, {""})));
-  CompileLadderRung(*s);
-  EXPECT_EQ(s->diag.current_error, 35);
+  testing::Bench bench;
+  CompileSession& s = bench.session();
+  bench.LoadRung(RungTo(Cell(22, {""})));
+  CompileLadderRung(s);
+  EXPECT_EQ(s.diag.current_error, 35);
 }
 
 }  // namespace

@@ -5,13 +5,12 @@
 
 #include <string>
 
-#include "support/relay_fixtures.h"
+#include "support/bench.h"
 
 namespace rungc {
 namespace {
 
 using testing::DumpUnits;
-using testing::NewSession;
 using testing::UnitsFromDump;
 
 struct FoldCase {
@@ -25,11 +24,12 @@ class Folds : public ::testing::TestWithParam<FoldCase> {};
 
 TEST_P(Folds, RawCodeIntoRecord) {
   const FoldCase& c = GetParam();
-  auto s = NewSession();
-  s->ladder.code.Append(UnitsFromDump(c.raw));
-  OptimiseRungCode(*s, s->ladder.code, s->dispatch.record);
-  EXPECT_EQ(s->diag.current_error, c.error);
-  EXPECT_EQ(DumpUnits(s->dispatch.record.view()), c.record);
+  testing::Bench bench;
+  CompileSession& s = bench.session();
+  s.ladder.code.Append(UnitsFromDump(c.raw));
+  OptimiseRungCode(s, s.ladder.code, s.dispatch.record);
+  EXPECT_EQ(s.diag.current_error, c.error);
+  EXPECT_EQ(DumpUnits(s.dispatch.record.view()), c.record);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -60,20 +60,22 @@ INSTANTIATE_TEST_SUITE_P(
     [](const ::testing::TestParamInfo<FoldCase>& info) { return std::string(info.param.name); });
 
 TEST(Peephole, InstructionCounterCountsTheRecord) {
-  auto s = NewSession();
-  s->dispatch.instruction_counter = 10;
-  s->ladder.code.Append(UnitsFromDump("DA DC F DB GY"));
-  OptimiseRungCode(*s, s->ladder.code, s->dispatch.record);
-  EXPECT_EQ(s->dispatch.instruction_counter, 14);
+  testing::Bench bench;
+  CompileSession& s = bench.session();
+  s.dispatch.instruction_counter = 10;
+  s.ladder.code.Append(UnitsFromDump("DA DC F DB GY"));
+  OptimiseRungCode(s, s.ladder.code, s.dispatch.record);
+  EXPECT_EQ(s.dispatch.instruction_counter, 14);
 }
 
 TEST(Peephole, PseudoContactIsRemovedFromTheCount) {
-  auto s = NewSession();
-  s->ladder.code.Append(UnitsFromDump("D* m_______ MOY_0010 M·X_0023"));
-  OptimiseRungCode(*s, s->ladder.code, s->dispatch.record);
-  EXPECT_EQ(s->dispatch.instruction_counter, 3);
-  EXPECT_EQ(s->dispatch.record.position(), 24u);
-  EXPECT_EQ(s->dispatch.record.data()[24], '\0');
+  testing::Bench bench;
+  CompileSession& s = bench.session();
+  s.ladder.code.Append(UnitsFromDump("D* m_______ MOY_0010 M·X_0023"));
+  OptimiseRungCode(s, s.ladder.code, s.dispatch.record);
+  EXPECT_EQ(s.dispatch.instruction_counter, 3);
+  EXPECT_EQ(s.dispatch.record.position(), 24u);
+  EXPECT_EQ(s.dispatch.record.data()[24], '\0');
 }
 
 }  // namespace

@@ -8,12 +8,12 @@
 
 #include "driver/compile_driver.h"
 #include "output/opcode_table.h"
-#include "support/backend_fixtures.h"
+#include "support/bench.h"
 
 namespace rungc {
 namespace {
 
-using testing::BackendBench;
+using testing::Bench;
 using testing::HexBytes;
 using testing::SampleAreaLines;
 
@@ -90,7 +90,7 @@ const EncodeCase kEncodeCases[] = {
 };
 
 TEST(EncodeUnit, GivesTheObjectWordOfEveryAreaType) {
-  BackendBench bench;
+  Bench bench;
   bench.LoadMemoryMap(SampleAreaLines());
   for (const EncodeCase& c : kEncodeCases) {
     const UnitText unit = Unit(c.unit);
@@ -105,7 +105,7 @@ TEST(EncodeUnit, GivesTheObjectWordOfEveryAreaType) {
 }
 
 TEST(EncodeUnit, AnAreaOfAnUnknownTypeGivesOne) {
-  BackendBench bench;
+  Bench bench;
   bench.LoadMemoryMap({"WX,WWWW,100H,0,8,20H"});
   bench.session().memory.areas[2].kind = 9;
   ObjectWord word;
@@ -120,7 +120,7 @@ TEST(OpcodeTable, HoldsEightyEightDistinctMnemonics) {
 }
 
 TEST(ConvertCodeLine, ConvertsAtMost249UnitsOfALine) {
-  BackendBench bench;
+  Bench bench;
   bench.LoadMemoryMap(SampleAreaLines());
   std::array<ObjectWord, kMaxUnitsPerLine> words;
   std::size_t count = 0;
@@ -146,7 +146,7 @@ TEST(ConvertCodeLine, ConvertsAtMost249UnitsOfALine) {
 constexpr std::string_view kCodHeader = "- KORVA   1995 V2.0  COD             ;\r\n";
 
 TEST(WriteObjectFile, AnEmptyProjectGivesFortyEightBytes) {
-  BackendBench bench;
+  Bench bench;
   bench.LoadMemoryMap(SampleAreaLines());
   bench.WriteListing({"#F#MAIN.PLC", "#R#L2______", "#R#L3______", "#s#0A1B"});
   EXPECT_EQ(WriteObjectFile(bench.session(), bench.listing_path()), 0);
@@ -159,7 +159,7 @@ TEST(WriteObjectFile, AnEmptyProjectGivesFortyEightBytes) {
 }
 
 TEST(WriteObjectFile, WritesOneWordPerUnitInFileOrder) {
-  BackendBench bench;
+  Bench bench;
   bench.LoadMemoryMap(SampleAreaLines());
   bench.project().WriteFile("PLANT.LII",
                             "- HALVERN 1992 RKX   LIS             ;\r\n#F#MAIN.PLC\r\n"
@@ -170,11 +170,11 @@ TEST(WriteObjectFile, WritesOneWordPerUnitInFileOrder) {
 }
 
 TEST(WriteObjectFile, AMissingOrForeignListingGivesSix) {
-  BackendBench missing;
+  Bench missing;
   EXPECT_EQ(WriteObjectFile(missing.session(), missing.listing_path()), 6);
   EXPECT_FALSE(missing.project().Exists("PLANT.cod"));
 
-  BackendBench foreign;
+  Bench foreign;
   foreign.project().WriteFile("PLANT.LII", "- KORVA   1994       PRO             ;\r\n");
   EXPECT_EQ(WriteObjectFile(foreign.session(), foreign.listing_path()), 6);
   EXPECT_FALSE(foreign.project().Exists("PLANT.cod"));
@@ -193,7 +193,7 @@ TEST(WriteObjectFile, AFailedUnitDeletesTheObjectFileAndNamesItsLine) {
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.unit);
-    BackendBench bench;
+    Bench bench;
     bench.LoadMemoryMap(SampleAreaLines());
     bench.session().memory.areas[3].kind = 9;  // WX: a type without conversion
     bench.WriteListing({"#F#MAIN.PLC", "#R#A_R_0123", "#R#A_R_0123", "#F#PUMP.PLC", "#R#A_R_0123",

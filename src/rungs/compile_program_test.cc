@@ -7,13 +7,13 @@
 #include <string>
 #include <vector>
 
-#include "support/rungs_fixtures.h"
+#include "support/bench.h"
 
 namespace rungc {
 namespace {
 
+using testing::Bench;
 using testing::LadderSource;
-using testing::RungBench;
 using testing::ScriptedKeyboard;
 using Lines = std::vector<std::string>;
 
@@ -25,7 +25,7 @@ LadderSource Rungs(const Lines& rows) {
 }
 
 TEST(CompileProgram, StructuralRungsBecomeOneUnitRecords) {
-  RungBench bench;
+  Bench bench;
   const Lines rows = {"24(SUB1)", "21(  AB  )", "23(AB)", "29", "42(BLK)", "43", "25(SUB1)", "26"};
   EXPECT_EQ(bench.CompileProgram("MAIN.PLC", Rungs(rows)), 1);
   const CompileSession& s = bench.session();
@@ -57,7 +57,7 @@ class RungDispatch : public ::testing::TestWithParam<DispatchCase> {};
 
 TEST_P(RungDispatch, ReportsAndWritesAsListed) {
   const DispatchCase& c = GetParam();
-  RungBench bench;
+  Bench bench;
   const int result = bench.CompileProgram("MAIN.PLC", Rungs(c.rows));
   EXPECT_EQ(result, c.errors.empty() ? 1 : 2);
   EXPECT_EQ(bench.session().dispatch.program_rung_count, c.rungs);
@@ -132,7 +132,7 @@ INSTANTIATE_TEST_SUITE_P(
     [](const ::testing::TestParamInfo<DispatchCase>& info) { return info.param.name; });
 
 TEST(CompileProgram, EndOfMainOpensTheSubroutineAreaForLaterPrograms) {
-  RungBench bench;
+  Bench bench;
   EXPECT_EQ(bench.CompileProgram("MAIN.PLC", Rungs({"29"})), 1);
   EXPECT_EQ(bench.CompileProgram("SUB.PLC", Rungs({"24(S)", "25(S)", "26"})), 2);
   EXPECT_EQ(bench.ErrorLines(), (Lines{"#F#MAIN.PLC", "#F#SUB.PLC", "#E#NERR=31#RUNG=1"}));
@@ -141,7 +141,7 @@ TEST(CompileProgram, EndOfMainOpensTheSubroutineAreaForLaterPrograms) {
 }
 
 TEST(CompileProgram, MissingSourceCountsAnErrorWithoutRecord) {
-  RungBench bench;
+  Bench bench;
   bench.session().driver.program_name.Set("NONE.PLC");
   EXPECT_EQ(CompileProgram(bench.session()), -1);
   EXPECT_EQ(bench.session().diag.error_count, 1);
@@ -151,7 +151,7 @@ TEST(CompileProgram, MissingSourceCountsAnErrorWithoutRecord) {
 }
 
 TEST(CompileProgram, EscapeEndsTheProgramAndTheNextOneIsCompiled) {
-  RungBench bench;
+  Bench bench;
   ScriptedKeyboard keyboard({{}, {27}});
   bench.session().keyboard = &keyboard;
   EXPECT_EQ(bench.CompileProgram("MAIN.PLC", Rungs({"29", "42(B)", "43"})), 2);
@@ -162,7 +162,7 @@ TEST(CompileProgram, EscapeEndsTheProgramAndTheNextOneIsCompiled) {
 }
 
 TEST(CompileProgram, OtherKeysAreDroppedWithTheSecondCodeOfATwoCodeKey) {
-  RungBench bench;
+  Bench bench;
   // A two-code key whose second code is 27, then a plain key: neither is Escape.
   ScriptedKeyboard keyboard({{0, 27}, {'a'}});
   bench.session().keyboard = &keyboard;
@@ -172,7 +172,7 @@ TEST(CompileProgram, OtherKeysAreDroppedWithTheSecondCodeOfATwoCodeKey) {
 }
 
 TEST(CompileProgram, LastRowDroppedIsNotedPerProgram) {
-  RungBench bench;
+  Bench bench;
   bench.CompileProgram("CUT.PLC", Rungs({"29", "42(B)"}), /*end_record=*/false);
   EXPECT_EQ(bench.session().reader.line_counter, 3);
   bench.CompileProgram("WHOLE.PLC", Rungs({"42(B)"}));
@@ -182,7 +182,7 @@ TEST(CompileProgram, LastRowDroppedIsNotedPerProgram) {
 }
 
 TEST(CompileProgram, ConditionalEndClosesTheOpenBlock) {
-  RungBench bench;
+  Bench bench;
   bench.Open(Rungs({"41", "41"}));
   CompileSession& s = bench.session();
   ASSERT_EQ(bench.Read(), 0);
@@ -206,7 +206,7 @@ struct BalanceCase {
 class RungBalance : public ::testing::TestWithParam<BalanceCase> {};
 
 TEST_P(RungBalance, OpeningAndClosingUnitsMustMatch) {
-  RungBench bench;
+  Bench bench;
   CompileSession& s = bench.session();
   s.dispatch.record.Append(GetParam().units);
   s.dispatch.program_rung_count = 3;
@@ -227,7 +227,7 @@ INSTANTIATE_TEST_SUITE_P(
     [](const ::testing::TestParamInfo<BalanceCase>& info) { return info.param.name; });
 
 TEST(CompileProgram, BalanceWalkStopsAtTheFirstEmptyUnit) {
-  RungBench bench;
+  Bench bench;
   CompileSession& s = bench.session();
   s.dispatch.record.Append("A       ");
   s.dispatch.record.Append(std::string(8, '\0'));

@@ -8,15 +8,15 @@
 #include <string>
 #include <vector>
 
-#include "support/rungs_fixtures.h"
+#include "support/bench.h"
 
 namespace rungc {
 namespace {
 
+using testing::Bench;
 using testing::Cell;
 using testing::LadderSource;
 using testing::RowKind;
-using testing::RungBench;
 
 std::string Padded(std::string text, std::size_t length) {
   text.resize(length, ' ');
@@ -32,7 +32,7 @@ struct ExpansionCase {
 class RungExpansion : public ::testing::TestWithParam<ExpansionCase> {};
 
 TEST_P(RungExpansion, FillsTheGridRowAsListed) {
-  RungBench bench;
+  Bench bench;
   bench.Open(LadderSource().Row(GetParam().row));
   ASSERT_EQ(bench.Read(), 0);
   EXPECT_EQ(bench.Dump(), GetParam().dump);
@@ -76,9 +76,9 @@ TEST(RungReader, LowerCaseHexDigitsReadAsUpperCase) {
     }
   }
   ASSERT_NE(lower, upper);
-  RungBench a;
+  Bench a;
   a.Open(LadderSource().Raw(upper));
-  RungBench b;
+  Bench b;
   b.Open(LadderSource().Raw(lower));
   ASSERT_EQ(a.Read(), 0);
   ASSERT_EQ(b.Read(), 0);
@@ -87,7 +87,7 @@ TEST(RungReader, LowerCaseHexDigitsReadAsUpperCase) {
 }
 
 TEST(RungReader, RowsContinueARungOnlyThroughLinksAfterTheHeader) {
-  RungBench bench;
+  Bench bench;
   bench.Open(LadderSource()
                  .Row("1(A) 2(B) -x6 3(Y)")
                  .Row("^- 2(C) ^. .x6")   // a linked record after the header: continues
@@ -111,7 +111,7 @@ TEST(RungReader, RowsContinueARungOnlyThroughLinksAfterTheHeader) {
 }
 
 TEST(RungReader, SkippedRungGoesWithItsContinuationRows) {
-  RungBench bench;
+  Bench bench;
   bench.Open(LadderSource()
                  .Row("1(A) 2(B) -x6 3(Y)", RowKind::kSkipped)
                  .Row("^- 2(C) ^. .x6")
@@ -122,7 +122,7 @@ TEST(RungReader, SkippedRungGoesWithItsContinuationRows) {
 }
 
 TEST(RungReader, SkippedRowNeverContinuesARung) {
-  RungBench bench;
+  Bench bench;
   bench.Open(LadderSource()
                  .Row("1(A) 2(B) -x6 3(Y)")
                  .Row("^- 2(C) ^. .x6", RowKind::kSkipped)
@@ -134,7 +134,7 @@ TEST(RungReader, SkippedRowNeverContinuesARung) {
 }
 
 TEST(RungReader, CommentRungsNeverReachTheGrid) {
-  RungBench bench;
+  Bench bench;
   bench.Open(LadderSource()
                  .Row("14(a comment,more)")
                  .Row("15")
@@ -146,7 +146,7 @@ TEST(RungReader, CommentRungsNeverReachTheGrid) {
 }
 
 TEST(RungReader, SourceWithoutRowEndRecordLosesItsLastRow) {
-  RungBench bench;
+  Bench bench;
   bench.Open(LadderSource().Row("1(A) 2(B) -x6 3(Y)").Row("^- 2(C) ^. .x6"),
              /*end_record=*/false);
   ASSERT_EQ(bench.Read(), 0);
@@ -159,7 +159,7 @@ TEST(RungReader, SourceWithoutRowEndRecordLosesItsLastRow) {
 }
 
 TEST(RungReader, FirstRowKeptWhenTheFileEndsInIt) {
-  RungBench bench;
+  Bench bench;
   // The last record is cut: its head is complete, its operand text is not.
   const std::string coil = testing::EncodeRecord(Cell(3, {"Y1"}), 0);
   bench.Open(LadderSource().Row("1(A) -x7").Raw(coil.substr(0, 8)), /*end_record=*/false);
@@ -169,14 +169,14 @@ TEST(RungReader, FirstRowKeptWhenTheFileEndsInIt) {
 }
 
 TEST(RungReader, EndOfFileWithoutRungsGivesMinusOne) {
-  RungBench bench;
+  Bench bench;
   bench.Open(LadderSource());
   EXPECT_EQ(bench.Read(), -1);
   EXPECT_EQ(bench.session().reader.line_counter, 1);
 }
 
 TEST(RungReader, LoneRowEndRecordIsARungOfElementZero) {
-  RungBench bench;
+  Bench bench;
   bench.Open(LadderSource().Raw(testing::EncodeRecord(Cell(0), 0xFF)), /*end_record=*/false);
   EXPECT_EQ(bench.Read(), kRungUnreadable);
 }
@@ -191,7 +191,7 @@ struct RefusalCase {
 class RungRefusal : public ::testing::TestWithParam<RefusalCase> {};
 
 TEST_P(RungRefusal, GivesTheReaderCode) {
-  RungBench bench;
+  Bench bench;
   bench.Open(LadderSource().Row(GetParam().row));
   EXPECT_EQ(bench.Read(), GetParam().result);
   EXPECT_EQ(bench.kind(), GetParam().kind);
@@ -240,7 +240,7 @@ struct SizeCase {
 class RungSizeLimit : public ::testing::TestWithParam<SizeCase> {};
 
 TEST_P(RungSizeLimit, RungsTooLargeAreRefusedWithCode18) {
-  RungBench bench;
+  Bench bench;
   bench.Open(GetParam().source);
   EXPECT_EQ(bench.Read(), GetParam().result);
 }
@@ -258,7 +258,7 @@ INSTANTIATE_TEST_SUITE_P(
     [](const ::testing::TestParamInfo<SizeCase>& info) { return info.param.name; });
 
 TEST(RungReader, RowThatDoesNotFitIsNotCounted) {
-  RungBench bench;
+  Bench bench;
   std::string row = ". ^-x8";
   for (int i = 0; i < 700; ++i) row += " 39";
   bench.Open(LadderSource().Row("1(A) -x7 3(Y)").Row(row));
@@ -267,7 +267,7 @@ TEST(RungReader, RowThatDoesNotFitIsNotCounted) {
 }
 
 TEST(RungReader, OversizeRowOfTheNextRungLeavesThisRungIntact) {
-  RungBench bench;
+  Bench bench;
   std::string row = "1(B) -x8";
   for (int i = 0; i < 700; ++i) row += " 39";
   bench.Open(LadderSource().Row("1(A) -x7 3(Y)").Row(row));
@@ -277,7 +277,7 @@ TEST(RungReader, OversizeRowOfTheNextRungLeavesThisRungIntact) {
 }
 
 TEST(RungReader, ElementFlagsFollowTheElementsExpanded) {
-  RungBench bench;
+  Bench bench;
   bench.Open(LadderSource().Row("1(A) -x8").Row("1(A) 42(B) -x7").Row("43 -x8").Row("1(A) 3(Y)"));
   const RungReaderState& r = bench.session().reader;
   ASSERT_EQ(bench.Read(), 0);

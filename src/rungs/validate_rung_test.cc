@@ -4,15 +4,22 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
 #include <string>
 #include <vector>
 
-#include "support/rungs_fixtures.h"
+#include "support/bench.h"
 
 namespace rungc {
 namespace {
 
-using testing::ValidateRows;
+// Reads the first rung of a source of these rows with the rung reader and validates its grid.
+int ValidateRows(const std::vector<std::string>& rows) {
+  testing::Bench bench;
+  bench.Open(testing::Rows(rows));
+  if (bench.Read() != 0) throw std::runtime_error("the rung cannot be read");
+  return ValidateRung(bench.session().reader.grid);
+}
 
 // A first row: contact, contact, lines to column 8, coil in column 9.
 const std::string kRow0 = "1(A) 2(B) -x6 3(Y)";
@@ -94,7 +101,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 // A grid whose second row begins with an empty cell ends there, whatever the row holds.
 TEST(RungValidationGrid, EmptyColumn0EndsTheGrid) {
-  testing::RungBench bench;
+  testing::Bench bench;
   bench.Open(testing::LadderSource().Row(kRow0));
   ASSERT_EQ(bench.Read(), 0);
   RungGrid grid = bench.session().reader.grid;
