@@ -269,11 +269,12 @@ std::uint32_t CompileMain(const TempProject& p, const LadderSource& source) {
   return session.Compile(p.dir());
 }
 
-const std::filesystem::path kExampleDir =
-    std::filesystem::path(RUNGC_SOURCE_DIR) / "examples" / "plant";
+std::filesystem::path ExampleDir() {
+  return std::filesystem::path(RUNGC_SOURCE_DIR) / "examples" / "plant";
+}
 
 void CopyExample(const TempProject& p) {
-  std::filesystem::copy(kExampleDir, p.dir(), std::filesystem::copy_options::recursive);
+  std::filesystem::copy(ExampleDir(), p.dir(), std::filesystem::copy_options::recursive);
 }
 
 ToolRun RunTool(const Lines& args, const std::filesystem::path& cwd) {

@@ -123,7 +123,7 @@ class ScriptedKeyboard final : public platform::Keyboard {
 // Writes a project of one program, MAIN.PLC, and compiles it.
 std::uint32_t CompileMain(const TempProject& p, const LadderSource& source);
 // The bundled example project and a copy of it in the project's folder.
-extern const std::filesystem::path kExampleDir;
+std::filesystem::path ExampleDir();
 void CopyExample(const TempProject& p);
 
 struct ToolRun {
