@@ -31,32 +31,6 @@ TEST(RungsEndToEnd, BlocksAfterTheEndOfMain) {
             ErrorFileText({"#F#MAIN.PLC"}, SummaryLines(8, 0, 0, 5, 1, 4)));
 }
 
-TEST(RungsEndToEnd, StructuralErrorsOverSeveralPrograms) {
-  TempProject p;
-  p.WriteSimpleProject({
-      {"MAIN.PLC", Rows({"25(SUB1)", "26", "43", "41", "23()", "29", "29", "24(SUB1)",
-                         ". 2(X) .x7 3(Y)", "29"})},
-      {"SECOND.PLC", Rows({"2(A) -x8 3(Y)"})},
-      {"THIRD.PLC", Rows({"42(B)", "1(A) 12 -x7 3(Y)", "43"})},
-      {"FOURTH.PLC", Rows({"3(Y) 2(B) -x5 3(Z) -"})},
-      {"LAST.PLC", Rows({"43", "26"})},
-  });
-  Session session;
-  EXPECT_EQ(session.Compile(p.dir()), kCompileFailed);
-  EXPECT_EQ(
-      p.ReadFile("PLANT.ERR"),
-      ErrorFileText({"#F#MAIN.PLC", "#E#NERR=28#RUNG=1", "#E#NERR=66#RUNG=1", "#E#NERR=38#RUNG=1",
-                     "#E#NERR=57#RUNG=1", "#E#NERR=35#RUNG=1", "#E#NERR=32#RUNG=2",
-                     "#E#NERR=31#RUNG=2", "#E#NERR=1002#RUNG=2", "#F#SECOND.PLC",
-                     "#E#NERR=1017#RUNG=1", "#F#THIRD.PLC", "#E#NERR=1018#RUNG=2", "#F#FOURTH.PLC",
-                     "#E#NERR=1003#RUNG=2", "#F#LAST.PLC", "#E#NERR=66#RUNG=2"},
-                    SummaryLines(4, 12, 0, 4, 1, 2)));
-  EXPECT_EQ(p.ReadFile("PLANT.LII"), ListingText({"#F#MAIN.PLC", "#R#L2______", "#F#SECOND.PLC",
-                                                  "#F#THIRD.PLC", "#R#LTK_0000", "#F#FOURTH.PLC",
-                                                  "#F#LAST.PLC", "#R#Li______", "#R#L3______"},
-                                                 ""));
-}
-
 TEST(RungsEndToEnd, EscapeEndsOneProgramAndTheNextIsCompiled) {
   TempProject p;
   p.WriteSimpleProject(
