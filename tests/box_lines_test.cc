@@ -140,6 +140,7 @@ TEST(BitFamily, FailingLines) {
       {"F0.8 : DR1 == 5", "", {"E16"}},  // both sides of a kind
       {"F0.8 : X1.0 == WR1", "", {"E16"}},
       {"F0.8 : WX1 > 5 6", "", {"E16"}},
+      {"F0.8 : WX1 => 5", "", {"E16"}},
       {"F0.8 : (WR1) > 5", "", {"E16"}},
       {"Y1.0 = NOT X1.0 X1.1", "", {"E16"}},
       {"Y1.0 = X1.0 X1.1", "", {"E16"}},
@@ -147,6 +148,7 @@ TEST(BitFamily, FailingLines) {
       {"Y1.0 X1.0", "", {"E16"}},
       // A comparison text the kind does not allow names operand 1.
       {"F0.8 : X1.0 > X1.1", "", {"E16::"}},
+      {"F0.8 : WX1 + 5", "", {"E16::"}},
       {"X1.0 : WX1 + 5", "", {"W1:X1.0", "E16::"}},
       {"Y1.0 = 5", kAnyCode, {"E9:5"}},
       {"F0.8 : X1.0 == 2", kAnyCode, {"E9:2"}},
@@ -206,6 +208,7 @@ TEST(WordFamily, FailingLines) {
       {"WR1 = (WR3)", "", {"E16"}},
       {"WR1 = WR2 X1.0", "", {"E16"}},
       {"WY1 == WX2", "", {"E16"}},
+      {"WY1 WR2", "", {"E16"}},
       {"WR4 (5) = 7", "", {"E16"}},
       {"WM4 (WR2) = 7 8", "", {"E16"}},
       // Index bases are words of area R or M.
@@ -313,6 +316,8 @@ TEST(FloatFamily, LinesOfNoFormAreError16OperazFloat) {
       {"FX1 = INC FX2", "MxK_", {"E16:OperazFloat"}},
       {"FX1 = - FX2", "MxK_", {"E16:OperazFloat"}},
       {"FX1 = - 5 6", "MxK_", {"E16:OperazFloat"}},
+      {"FX1 = - H10", "MxK_", {"E16:OperazFloat"}},
+      {"FX1 = SQRT", "MxK_", {"E16:OperazFloat"}},
       {"FX1 = * 5", "MxK_", {"E16:OperazFloat"}},
       {"FX1 = H10", "MxK_", {"E16:OperazFloat"}},
       {"FX1 = X1.0", "MxK_", {"E16:OperazFloat"}},
@@ -335,6 +340,7 @@ TEST(KeywordFamily, WordShiftAndPortInstructions) {
       {"ROR WR10 0 0", "MUWR0010 M·K_0000 M·K_0000", {}},
       {"FUN 12 WR1 7", "MXK_000C M·WR0001 M·K_0007", {}},
       {"FUN 7", "MXK_0007", {}},
+      {"FUN H1F WR1", "MXK_001F M·WR0001", {}},
       {"FUN 7 WR1 WR2 WR3", "MXK_0007 M·WR0001 M·WR0002", {}},  // later operands not tested
       {"DPREAD 3 WX4 H10", "MPK_0003 M·K_0010 M·WX0004", {}},
       {"DPWRITE WY4 3 10", "MpWY0004 M·K_000A M·K_0003", {}},

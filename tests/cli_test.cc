@@ -28,11 +28,16 @@ TEST(ToolProcess, ACleanCompileExitsZeroAndSaysSo) {
 }
 
 TEST(ToolProcess, AnUnusableProjectExitsTwoAndNamesTheFile) {
-  TempProject p;
-  const testing::ToolRun run = RunTool({"compile", "."}, p.dir());
-  EXPECT_EQ(run.status, 2);
-  EXPECT_THAT(run.err, HasSubstr("rungc: error 50: cannot open the status file "));
-  EXPECT_THAT(run.err, HasSubstr("rungc: result 4097"));
+  for (const auto& [status, says] :
+       {std::pair{"", "rungc: error 50: cannot open the status file "},
+        std::pair{"- KORVA   1993\r\n", "rungc: error 53: the status file "}}) {
+    TempProject p;
+    if (*status != '\0') p.WriteFile("status.kpx", status);
+    const testing::ToolRun run = RunTool({"compile", "."}, p.dir());
+    EXPECT_EQ(run.status, 2);
+    EXPECT_THAT(run.err, HasSubstr(says));
+    EXPECT_THAT(run.err, HasSubstr("rungc: result 4097"));
+  }
 }
 
 TEST(ToolProcess, AFailedCompileExitsOneAndExplainsWhatStoppedIt) {

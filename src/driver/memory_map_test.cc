@@ -42,14 +42,6 @@ TEST(MemoryMap, TheFirstLineSaysWhetherObjectCodeIsWanted) {
   EXPECT_EQ(MapLoad("", false).result, -1);  // no file at all
 }
 
-TEST(MemoryMap, RowsZeroAndOneArePreset) {
-  MapLoad load("#MEM#Y\r\n");
-  EXPECT_EQ(load.row(0).name.view(), "  ");
-  EXPECT_EQ(load.row(0).kind, 20);
-  EXPECT_EQ(load.row(1).name.view(), "K ");
-  EXPECT_EQ(load.row(1).kind, 0);
-}
-
 TEST(MemoryMap, AreaLinesFillTheRowsFromRowTwo) {
   MapLoad load(
       "#MEM#Y\r\n"
@@ -93,7 +85,6 @@ TEST(MemoryMap, MalformedAreaLinesFailTheWholeLoad) {
   };
   const Case cases[] = {
       {"WZ,ABCD,0,0,1,1", -1},  // not in the kind table
-      {"WZ,FFFF,0,0,1,1", -1},  // the end row of the kind table
       {"WZ,WW,0,0,1,1", -1},    // shorter than a kind word
       {"WZ,WWWW,0,0,1", -1},    // four commas
       {"WZ", -1},
@@ -129,13 +120,6 @@ TEST(MemoryMap, SixtyOneAreaLinesFitAndAnyLineAfterThemFails) {
     EXPECT_EQ(load.result, c.result);
     EXPECT_EQ(load.row(62).name.view(), "A60");
   }
-}
-
-TEST(MemoryMap, ALastLineWithoutLineEndIsNotUsed) {
-  MapLoad load("#MEM#Y\r\nWX,WWWW,100H,0,8,20H\r\nWY,WWWW,1,2,3,4");
-  EXPECT_EQ(load.result, 0);
-  EXPECT_EQ(load.row(2).name.view(), "WX");
-  EXPECT_TRUE(load.row(3).name.empty());
 }
 
 TEST(MemoryMap, FindMemoryAreaGivesTheFirstRowOfAName) {

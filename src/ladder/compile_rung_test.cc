@@ -58,6 +58,9 @@ TEST(CompileLadderRung, GivesRawCodeAndRecord) {
        "AX000.1 DX000.2 BX000.3 HX000.4 E GY000.1", 6},
       {rows({"1(X0.1) 17 -x6 3(Y0.1)", "^2(X0.3) ^. .x7"}), "DX000.1 DX000.3 F Y N GY000.1",
        "AX000.1 HX000.3 N GY000.1", 4},
+      {rows({"1(X0.1) 2(X0.2) 18 -x5 3(Y0.1)"}), "DX000.1 BX000.2 n GY000.1",
+       "AX000.1 BX000.2 n GY000.1", 4},
+      {rows({"1(X0.1) 17 18 -x5 3(Y0.1)"}), "DX000.1 N n GY000.1", "AX000.1 N n GY000.1", 4},
       {rows({"!1(x0.1) !2(r1.0) -x6 !3(y0.1)"}), "dX000.1 bR001.0 gY000.1",
        "aX000.1 bR001.0 gY000.1", 3},
       {rows({"1(X0.1) -x7 8(T1A,100)"}), "DX000.1 T0001A M·K_0064", "AX000.1 T0001A M·K_0064", 3},
@@ -108,8 +111,9 @@ TEST(CompileLadderRung, RefusesARungWithItsError) {
   const Case cases[] = {
       {{"1(X0.1) -x2 1(X0.2) -x3 3(Y0.1)"}, 2, ""},  // a contact element outside column 0
       {{"1(X0.1) -x6 3(Y0.1) -"}, 3, ""},            // a coil outside column 9
-      {{"1(X0.1) -x7 2(X0.2)"}, 4, ""},              // a contact ending the row
-      {{"1(X0.1) 21(L1) -x6 3(Y0.1)"}, 16, ""},      // an element the walk does not know
+      {{"1(X0.1) -x5 8(T1,5) -x1"}, 3, ""},
+      {{"1(X0.1) -x7 2(X0.2)"}, 4, ""},          // a contact ending the row
+      {{"1(X0.1) 21(L1) -x6 3(Y0.1)"}, 16, ""},  // an element the walk does not know
       {{"1(X0.1) -x7 8(TX,100)"}, 18, "TX    100   "},
       {{"1(X0.1) -x7 3(I0.1)"}, 21, ""},
       {{"1(*) 2(X0.1) - 38"}, 23, ""},  // an unconditional box without lines

@@ -35,9 +35,10 @@ TEST(ElementOperands, NormaliseAddressPadsToItsWidth) {
       {"1.2", 5, 0, "001.2"},    {"1234.5", 5, 0, "1234.5"},
       {"5    ", 4, 1, "0005"},   {"1A.F ", 5, 0, "01A.F"},
       {"0012", 4, 1, "0012"},    {"00012", 4, -1, "00012"},  // zeros and digits count together
-      {"12345", 4, -1, "12345"}, {"", 5, -1, ""},
-      {"12.", 5, -1, "12."},     {"12.3X", 5, -1, "12.3X"},
-      {"1Z", 4, -1, "1Z"},       {"1a", 5, -1, "1a"},
+      {"12345", 4, -1, "12345"}, {"00000", 4, -1, "00000"},
+      {"", 5, -1, ""},           {"12.", 5, -1, "12."},
+      {"12.3X", 5, -1, "12.3X"}, {"1Z", 4, -1, "1Z"},
+      {"1a", 5, -1, "1a"},
   };
   for (const Case& c : cases) {
     OperandBuffer buffer = BufferOf(c.text);
@@ -109,6 +110,8 @@ TEST(ElementOperands, OutputsEncodeOrRefuseTheirOperands) {
       {Cell(8, {"T1A", "(WR10)"}), "", 22, "(WR10)"},
       {Cell(8, {"T1A", "R10"}), "", 22, "R10   "},
       {Cell(8, {"T1A", ""}), "", 22, "      "},
+      {Cell(8, {"T1A", ";100"}), "", 22, ";100  "},
+      {Cell(8, {"T1A", "(WR10"}), "", 27, ""},
       {Cell(8, {"T1A", "  WX1"}), "", 22, "WX1   "},  // reported as moved left
       {Cell(8, {"T1A", "WQ10"}), "", 27, ""},
       {Cell(8, {"T1A", "WR1.2"}), "", 27, ""},

@@ -30,6 +30,7 @@ TEST(Peephole, FoldsRawCodeIntoTheRecord) {
       {"DA DB DC E F GY", "AA DB BC F GY", 0},
       {"DA dC F GY", "AA hC GY", 0},
       {"dA LjLOOP1", "aA LjLOOP1", 0},
+      {"Y bA GY", "aA GY", 0},
       {"DA Y GY", "AA GY", 0},  // a line start before an output is dropped
       {"Y e M]WX0010 M·WR0020 M·F_0008 GY", "e M]WX0010 M·WR0020 M·F_0008 GY", 15},
       {"DA B* m_______", "AA", 39},  // a pseudo-contact not first

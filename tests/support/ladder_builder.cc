@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <map>
 #include <sstream>
 #include <stdexcept>
 
@@ -13,44 +14,17 @@
 namespace rungc::testing {
 
 std::vector<int> ElementFieldLengths(int code) {
-  switch (code) {
-    case 1:
-    case 2:
-    case 3:
-    case 6:
-    case 7:
-    case 16:
-    case 21:
-    case 22:
-    case 23:
-    case 24:
-    case 25:
-    case 31:
-    case 42:
-      return {6};
-    case 8:
-    case 9:
-    case 44:
-    case 45:
-    case 46:
-    case 47:
-    case 48:
-      return {6, 6};
-    case 10:
-      return {32, 32, 32};
-    case 14:
-      return {68, 68};
-    case 30:
-      return {68, 68, 68};
-    case 38:
-      return {32, 32};
-    case 49:
-      return {6, 6, 6};
-    case 50:
-      return {32};
-    default:
-      return {};
-  }
+  // Codes by their fields; elements not listed carry no operand text.
+  static const std::map<int, std::vector<int>> kLengths = [] {
+    std::map<int, std::vector<int>> lengths = {{10, {32, 32, 32}}, {14, {68, 68}},
+                                               {30, {68, 68, 68}}, {38, {32, 32}},
+                                               {49, {6, 6, 6}},    {50, {32}}};
+    for (int one : {1, 2, 3, 6, 7, 16, 21, 22, 23, 24, 25, 31, 42}) lengths[one] = {6};
+    for (int two : {8, 9, 44, 45, 46, 47, 48}) lengths[two] = {6, 6};
+    return lengths;
+  }();
+  const auto found = kLengths.find(code);
+  return found == kLengths.end() ? std::vector<int>{} : found->second;
 }
 
 std::string EncodeRecord(const Cell& cell, std::uint8_t row_byte) {
