@@ -17,19 +17,11 @@ void ExpectLines(std::initializer_list<LineCase> rows) {
   for (const LineCase& row : rows) ExpectLine(row);
 }
 
-TEST(BoxCell, LinesAreCutIntoOperandsAndHandedToTheFamilyOfTheFirst) {
+TEST(BoxCell, LinesAreCutIntoOperandsForTheFamilyOfTheFirst) {
   ExpectLines({
-      {"", "", {}},
-      {"   ; WR1 = 5", "", {}},
       {"WY1 = WX2 ; copy", "MDWX0002 M M·WY0001", {}},  // a comment ends the operands
       {"WR1 =                        100", "MdK_0064 M M·WR0001", {}},  // ends in character 32
-      {"5 = WR1", "", {"E16"}},
-      {"= WR1", "", {"E16"}},  // an operator sign reaches the keyword instructions
-      {"FOO = WR1", "", {"E16:FOO"}},
-      // The lexer's refusals are error 9 with the line.
-      {"Y1.0 = X1.0;copy", "", {"E9"}},
-      {"WR1 = (WR5 X)", "", {"E9"}},
-      {"WR1 = 12AB", "", {"E9"}},
+      {"5 = WR1", "", {"E16"}},  // no family takes a constant
   });
 }
 
@@ -137,23 +129,16 @@ TEST(BitFamily, FailingLines) {
       // "=" carries the assignment code: only words compare with it.
       {"F0.8 : DR1 = DR2", "", {"E16"}},
       {"F0.8 : X1.0 = X1.1", "", {"E16"}},
-      {"F0.8 : DR1 == 5", "", {"E16"}},  // both sides of a kind
       {"F0.8 : X1.0 == WR1", "", {"E16"}},
-      {"F0.8 : WX1 > 5 6", "", {"E16"}},
       {"F0.8 : WX1 => 5", "", {"E16"}},
       {"F0.8 : (WR1) > 5", "", {"E16"}},
       {"Y1.0 = NOT X1.0 X1.1", "", {"E16"}},
       {"Y1.0 = X1.0 X1.1", "", {"E16"}},
       {"Y1.0 = WR1", "", {"E16"}},
-      {"Y1.0 X1.0", "", {"E16"}},
       // A comparison text the kind does not allow names operand 1.
-      {"F0.8 : X1.0 > X1.1", "", {"E16::"}},
       {"F0.8 : WX1 + 5", "", {"E16::"}},
-      {"X1.0 : WX1 + 5", "", {"W1:X1.0", "E16::"}},
       {"Y1.0 = 5", kAnyCode, {"E9:5"}},
-      {"F0.8 : X1.0 == 2", kAnyCode, {"E9:2"}},
       {"Y1.0 = NOT", kAnyCode, {"E9"}},
-      {"F0.8 : WX1 >", kAnyCode, {"E9"}},
       {"M10.3 = 1", "", {"E9"}},  // area M has no bit form: the lexer refuses the '.'
   });
 }
@@ -188,7 +173,6 @@ TEST(WordFamily, EveryForm) {
       {"WX1 = FX255", "MxK_0020 M·K_00ff M·WX0001", {}},
       {"WX1 =", kAnyCode, {"W1:WX1", "E9"}},
       {"WX1 = BIN 5", "", {"W1:WX1", "E16"}},
-      {"WAX1 = COPY WR2 WR3", "", {"W1:WAX1", "E16"}},
       {"WX1 = NOT WR2", "", {"E16"}},
       {"WX1 = WX2 WX3", "", {"W1:WX1", "E79:WX2"}},
       {"WX4 (WR2) = 7", "", {"W1:WX4", "E79:WX4"}},
@@ -201,11 +185,9 @@ TEST(WordFamily, FailingLines) {
       {"WY1 = WX2 : WX3", "", {"E16"}},  // ':' is no arithmetic sign
       {"WY1 = WX2 + 1.5", "", {"E16"}},
       {"WY1 = FX3 + FX4", "", {"E16"}},
-      {"WY1 = SQRT WR2", "", {"E16"}},
       {"WY1 = BIN WR2 WR3", "", {"E16"}},
       {"WY1 = COPY WM5 WR2", "", {"E16"}},
       {"WR1 = DR5", "", {"E16"}},
-      {"WR1 = (WR3)", "", {"E16"}},
       {"WR1 = WR2 X1.0", "", {"E16"}},
       {"WY1 == WX2", "", {"E16"}},
       {"WY1 WR2", "", {"E16"}},
@@ -217,20 +199,16 @@ TEST(WordFamily, FailingLines) {
       {"WY1 =", kAnyCode, {"E9"}},              // a move of a missing constant
       {"WY1 = WR2 WR3", kAnyCode, {"E9:WR3"}},  // an index without parentheses is a constant
       {"WY1 = COPY X1.0 5", kAnyCode, {"E9:X1.0"}},
-      {"WY1 = BIN", kAnyCode, {"E9"}},
       // An unknown word is reported by the classifier; the line's later errors are dropped.
-      {"WY1 = FOO", kAnyCode, {"E16:FOO"}},
   });
 }
 
 TEST(DoubleWordFamily, EveryForm) {
   ExpectLines({
       {"DR1 = DR2", "ML MDDR0002 M M·DR0001", {}},
-      {"DR1 = 100000", "ML MdK_86A0 M·K_0001 M·DR0001", {}},
       {"DR1 = -5", "ML MdK_FFFB M·K_FFFF M·DR0001", {}},
       {"DR1 = + 7", "ML MdK_0007 M·K_0000 M·DR0001", {}},
       {"DR1 = - 2147483647", "ML MdK_0001 M·K_8000 M·DR0001", {}},
-      {"DR1 = H1FFFF", "ML MdK_FFFF M·K_0001 M·DR0001", {}},
       {"DZ1 = DY2 + DX3", "ML M+DY0002 M·DX0003 M·DZ0001", {}},
       {"DR1 = DR2 - DM3", "ML M-DR0002 M·DM0003 M·DR0001", {}},
       {"DR3 = DR1 * DR2", "ML M*DR0001 M·DR0002 M·DR0003", {}},
@@ -240,7 +218,6 @@ TEST(DoubleWordFamily, EveryForm) {
       {"DM4 = FX2", "MxK_0021 M·K_0002 M·DM0004", {}},
       // Moves and arithmetic into the input area warn; extensions and conversions do not.
       {"DX1 = DR2", "ML MDDR0002 M M·DX0001", {"W1:DX1"}},
-      {"DX1 = -5", "ML MdK_FFFB M·K_FFFF M·DX0001", {"W1:DX1"}},
       {"DX1 = DR2 + DR3", "ML M+DR0002 M·DR0003 M·DX0001", {"W1:DX1"}},
       {"DX1 = S16 WR2", "MLK_0001 M·DX0001 M·WR0002", {}},
       {"DX1 = FX1", "MxK_0021 M·K_0001 M·DX0001", {}},
@@ -255,19 +232,16 @@ TEST(DoubleWordFamily, FailingLines) {
       {"DR1 = DR2 : DR3", "", {"E16"}},
       {"DR1 = DR2 + DR3 DR4", "", {"E16"}},
       {"DR1 = - H10", "", {"E16"}},
-      {"DR1 = - DR2", "", {"E16"}},
       {"DR1 = * 5", "", {"E16"}},
       {"DR1 = S16 WR2 WR3", "", {"E16"}},
       {"DR1 = S16 5", "", {"E16"}},
       {"DR1 = SQRT WR2", "", {"E16"}},
       {"DR1 = WR2", "", {"E16"}},
       {"DR1 = 3000000000", "", {"E16"}},  // beyond 32 bits: a floating-point constant
-      {"DR1 = (DR2)", "", {"E16"}},
       {"DR1 = FX2 + FX3", "", {"E16"}},
       {"DR1 == DR2", "", {"E16"}},
       // A malformed constant reads as nothing: the move is written with zeros.
       {"DR1 = H123456789", "ML MdK_0000 M·K_0000 M·DR0001", {"E9:H123456789"}},
-      {"DR1 = S16", kAnyCode, {"E9"}},
       {"DR1 = DR2 +", kAnyCode, {"E9"}},
   });
 }
@@ -287,13 +261,11 @@ TEST(FloatFamily, EveryFunctionAndLoad) {
       {"FX1 = WAX3", "MxK_0010 M·K_0001 M·AX0003", {}},
       {"FX1 = DR5", "MxK_0011 M·K_0001 M·DR0005", {}},
       {"FX1 = 100", "MxK_0018 M·K_0001 M·K_0064 M·K_0000", {}},
-      {"FX1 = -1", "MxK_0018 M·K_0001 M·K_FFFF M·K_FFFF", {}},
       {"FX1 = + 100000", "MxK_0018 M·K_0001 M·K_86A0 M·K_0001", {}},
       {"FX1 = - 2147483647", "MxK_0018 M·K_0001 M·K_0001 M·K_8000", {}},
       // Floating-point constants in the bits of an IEEE 754 double, low group first; above 32
       // bits a number is one too.
       {"FX1 = 1.5", "MxK_0019 M·K_0001 M·K_0000 M·K_0000 M·K_0000 M·K_3FF8", {}},
-      {"FX1 = -2.25", "MxK_0019 M·K_0001 M·K_0000 M·K_0000 M·K_0000 M·K_C002", {}},
       {"FX1 = - 0.0", "MxK_0019 M·K_0001 M·K_0000 M·K_0000 M·K_0000 M·K_8000", {}},
       {"FX1 = 3000000000", "MxK_0019 M·K_0001 M·K_0000 M·K_C000 M·K_5A0B M·K_41E6", {}},
       {"FX1 = 1.5e-3", "MxK_0019 M·K_0001 M·K_7EFA M·K_BC6A M·K_9374 M·K_3F58", {}},
@@ -309,21 +281,17 @@ TEST(FloatFamily, LinesOfNoFormAreError16OperazFloat) {
       {"FX1 = FX2 + 5", "MxK_", {"E16:OperazFloat"}},
       {"FX1 = FX2 : FX3", "MxK_", {"E16:OperazFloat"}},
       {"FX1 = FX2 + FX3 FX4", "MxK_", {"E16:OperazFloat"}},
-      {"FX1 = FX2 FX3", "MxK_", {"E16:OperazFloat"}},
       {"FX1 =", "MxK_", {"E16:OperazFloat"}},
       {"FX1 = SQRT FX2 FX3", "MxK_", {"E16:OperazFloat"}},
       {"FX1 = SQRT WR2", "MxK_", {"E16:OperazFloat"}},
       {"FX1 = INC FX2", "MxK_", {"E16:OperazFloat"}},
-      {"FX1 = - FX2", "MxK_", {"E16:OperazFloat"}},
       {"FX1 = - 5 6", "MxK_", {"E16:OperazFloat"}},
       {"FX1 = - H10", "MxK_", {"E16:OperazFloat"}},
       {"FX1 = SQRT", "MxK_", {"E16:OperazFloat"}},
       {"FX1 = * 5", "MxK_", {"E16:OperazFloat"}},
-      {"FX1 = H10", "MxK_", {"E16:OperazFloat"}},
       {"FX1 = X1.0", "MxK_", {"E16:OperazFloat"}},
       {"FX1 = WR1 + WR2", "MxK_", {"E16:OperazFloat"}},
       {"FX256 = FX1", kAnyCode, {"E9:FX256"}},
-      {"FX1 = ABS FX2A", kAnyCode, {"E9:FX2A"}},
   });
 }
 
@@ -347,7 +315,6 @@ TEST(KeywordFamily, WordShiftAndPortInstructions) {
       {"SEGMENT 70000", "MfK_1170", {}},
       {"INC WR5 WR6", "", {"E16"}},
       {"INC X1.0", "", {"E16"}},
-      {"INC", kAnyCode, {"E9"}},
       // A number above its limit stops the group after the units already written.
       {"SFR WR10 257 4", "MTWR0010", {"E16"}},
       {"SFR WR10 16 33", "MTWR0010 M·K_0010", {"E16"}},
@@ -356,7 +323,6 @@ TEST(KeywordFamily, WordShiftAndPortInstructions) {
       {"SFR WR10 H100000100 4", "MTWR0010", {"E16"}},
       // Operand types and the end of the form are checked before anything is written.
       {"SFR WX1 16 4", "", {"E16"}},
-      {"SFR WT1 16 4", "", {"E16"}},
       {"SFR WR10 16 4 7", "", {"E16"}},
       {"SFR WR10 WR2 4", "", {"E16"}},
       {"FUN 7 X1.0", "", {"E16"}},
@@ -366,10 +332,8 @@ TEST(KeywordFamily, WordShiftAndPortInstructions) {
       {"DPREAD WR3 WR4 10", "", {"E16"}},
       {"DPREAD 3 WR4 WR5", "", {"E16"}},
       {"DPWRITE 3 WR4 10", "", {"E16"}},
-      {"DPWRITE WT4 3 10", "", {"E16"}},
       {"SEGMENT WR1", "", {"E16"}},
       // Keywords of other families and signs are no instruction of their own.
-      {"BIN WR1", "", {"E16"}},
       {"+ WR1", "", {"E16"}},
   });
 }
@@ -386,12 +350,10 @@ TEST(KeywordFamily, IfComparesThroughTheFlagBit) {
       {"ENDIF 5", "Ml", {}},
       // The IF's own test: a comparison sign between two words, double words or bits.
       {"IF WX1 = 5", "", {"E16"}},
-      {"IF WX1 5", "", {"E16"}},
       {"IF X1.0 == WR1", "", {"E16"}},
       {"IF WX1 > DR1", "", {"E16"}},
       {"IF FX1 > FX2", "", {"E16"}},
       // Errors of the comparison itself come from the bit family; no "Mj" follows them.
-      {"IF DR1 == 5", "", {"E16"}},
       {"IF X1.0 > X1.1", "", {"E16::"}},
       {"IF WR1 < WR2 WR3 WR4", "", {"E16"}},
       {"IF WX1 >", kAnyCode, {"E9"}},
