@@ -58,12 +58,6 @@ TEST(CommandLineParse, FormsAndWhatTheyAskFor) {
   }
 }
 
-TEST(CommandLineParse, ResultsMapToExitStatuses) {
-  EXPECT_EQ(ExitStatusForResult(0), 0);
-  EXPECT_EQ(ExitStatusForResult(4098), 1);
-  EXPECT_EQ(ExitStatusForResult(4097), 2);
-}
-
 // Runs a command line in-process and gives what it wrote to standard output and error.
 struct Captured {
   int status;

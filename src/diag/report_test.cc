@@ -39,14 +39,6 @@ class DiagReport : public ::testing::Test {
   CompileSession s_;
 };
 
-TEST_F(DiagReport, OpenOutputFilesWritesTheListingHeaderAndAnEmptyErrorFile) {
-  EXPECT_EQ(ListingLines(), std::vector<std::string>{std::string(kListingHeader)});
-  EXPECT_EQ(project_.ReadFile("PLANT.ERR"), "");
-  EXPECT_EQ(s_.diag.temp_path, project_.dir() / "PLANT.$$$");
-  EXPECT_EQ(s_.diag.error_path, project_.dir() / "PLANT.ERR");
-  EXPECT_EQ(s_.diag.listing_checksum, 0u);  // the header is not counted
-}
-
 TEST(DiagOpenOutputFiles, PlacesTheFilesByDirectoryAndName) {
   struct Case {
     std::string_view directory, name, listing, error, temp;

@@ -176,22 +176,6 @@ TEST(ProjectFiles, ProgramNamesAreCutFromTheirLines) {
   }
 }
 
-TEST(ProjectFiles, ProgramNamesFollowOneAnother) {
-  TempProject p;
-  p.WriteStatus();
-  p.WriteProject({"A.PLC", "B.PLC ;x"});
-  CompileSession s;
-  s.work_dir = platform::WorkDir(p.dir());
-  ASSERT_EQ(ReadStatusAndProject(s), 0);
-  ASSERT_EQ(ReadProgramName(s), 0);
-  EXPECT_EQ(s.driver.program_name.view(), "A.PLC");
-  ASSERT_EQ(ReadProgramName(s), 0);
-  EXPECT_EQ(s.driver.program_name.view(), "B.PLC");
-  EXPECT_EQ(ReadProgramName(s), -2);
-  EXPECT_EQ(ReadProgramName(s), -1);
-  CloseFiles(s);
-}
-
 TEST(ProjectFiles, ProjectPathAppendsTheNameUnlessTheDirectoryIsBlank) {
   struct Case {
     std::string_view directory, name, path;

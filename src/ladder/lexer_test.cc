@@ -76,21 +76,6 @@ TEST(LexToken, OneTokenFromTheFront) {
   }
 }
 
-TEST(LexToken, CutsALineCallAfterCall) {
-  const std::string_view line = "WX0010 = WY0020+5   ";
-  std::vector<std::string> tokens;
-  std::vector<int> counts;
-  std::size_t used = 0;
-  OperandText token;
-  for (int r; (r = LexToken(token, line.substr(used), static_cast<int>(line.size() - used))) > 0;) {
-    tokens.emplace_back(token.view());
-    counts.push_back(r);
-    used += static_cast<std::size_t>(r);
-  }
-  EXPECT_EQ(tokens, (std::vector<std::string>{"WX0010", "=", "WY0020", "+", "5"}));
-  EXPECT_EQ(counts, (std::vector<int>{6, 2, 7, 1, 1}));
-}
-
 TEST(LexToken, CharactersPastTheTextReadAsNul) {
   OperandText token;
   EXPECT_EQ(LexToken(token, "WR1", 32), 3);
