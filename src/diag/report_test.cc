@@ -46,7 +46,7 @@ TEST(DiagOpenOutputFiles, PlacesTheFilesByDirectoryAndName) {
   const Case cases[] = {
       {"sub/", "PLANT.LII", "sub/PLANT.LII", "sub/PLANT.ERR", "sub/PLANT.$$$"},
       {" sub/", "PLANT.LII", "PLANT.LII", "PLANT.ERR", "PLANT.$$$"},
-      {"", "A.B.LII", "A.B.LII", "A.ERR", "A.$$$"},      // the first '.' of the name
+      {"", "A.B.LII", "A.B.LII", "A.ERR", "A.$$$"},  // the first '.' of the name
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(std::string(c.directory) + "|" + std::string(c.name));

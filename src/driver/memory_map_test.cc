@@ -159,7 +159,7 @@ TEST(MemoryMap, DerivedSizesComeFromTheNamedRowsOrAreZero) {
   EXPECT_EQ(z.wr_elements, 2000);
   EXPECT_EQ(z.t_elements, 64);
   EXPECT_EQ(FindMemoryArea(load.session.memory, "BIG")->base, INT32_MIN);  // kept to 32 bits
-  EXPECT_EQ(z.wy_groups, 0);  // no row of that name
+  EXPECT_EQ(z.wy_groups, 0);                                               // no row of that name
   EXPECT_EQ(z.wy_elements, 0);
   EXPECT_EQ(z.way_elements, 0);
   EXPECT_EQ(z.c_elements, 0);
