@@ -85,6 +85,7 @@ TEST(MemoryMap, MalformedAreaLinesFailTheWholeLoad) {
   };
   const Case cases[] = {
       {"WZ,ABCD,0,0,1,1", -1},  // not in the kind table
+      {"WZ,FFFF,0,0,1,1", -1},  // the end row of the kind table
       {"WZ,WW,0,0,1,1", -1},    // shorter than a kind word
       {"WZ,WWWW,0,0,1", -1},    // four commas
       {"WZ", -1},
