@@ -1,4 +1,6 @@
-// End-to-end compiles of small projects through the C++ session and the exported entry point.
+// Whole compiles of small projects through the public session and the exported entry point: the
+// result codes, the files written or removed, the checksum carried from compile to compile, and
+// the sequencer's lines after the ladder records.
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
@@ -9,189 +11,118 @@
 
 #include "common/session.h"
 #include "rungc/session.h"
-#include "support/driver_fixtures.h"
+#include "support/bench.h"
 #include "support/ladder_builder.h"
+#include "support/seqmsg_fixtures.h"
 
 namespace rungc {
 namespace {
 
 using testing::ChecksumTrailer;
-using testing::EmptyLadderSource;
+using testing::ErrorFileText;
+using testing::LadderSource;
+using testing::Lines;
 using testing::ListingSum;
 using testing::SplitLines;
+using testing::SummaryLines;
 using testing::TempProject;
 
-constexpr std::string_view kListingHeader = "- KORVA   1995 V2.0  LIS             ;";
-
-// The six summary lines, as the error file ends with them.
-std::string Summary(int rows, int errors, int warnings = 0, int rungs = 0) {
-  return "Riga N. = " + std::to_string(rows) + "\r\n#TERR=" + std::to_string(errors) +
-         "\r\n#TWRN=" + std::to_string(warnings) + "\r\n#TOTRUNG=" + std::to_string(rungs) +
-         "\r\n#TOTMAINISTR=0\r\n#TOTSUBMISTR=0\r\n";
-}
-
-// A status file, a project of these programs and an empty source for each.
-void WriteEmptyPrograms(const TempProject& p, const std::vector<std::string>& programs) {
-  p.WriteStatus();
-  p.WriteProject(programs);
-  for (const std::string& name : programs) p.WriteFile(name, EmptyLadderSource());
-}
+// The error file of a compile of MAIN.PLC without rungs.
+const std::string kCleanErrorFile = ErrorFileText({"#F#MAIN.PLC"}, SummaryLines(1, 0, 0, 0, 0));
 
 TEST(DriverEndToEnd, ACleanProjectGivesZeroAndItsFilesByteForByte) {
   TempProject p;
-  WriteEmptyPrograms(p, {"MAIN.PLC"});
+  p.WriteSimpleProject({{"MAIN.PLC", LadderSource()}});
   Session session;
-  EXPECT_EQ(session.Compile(p.dir()), 0u);
-  EXPECT_EQ(p.ReadFile("PLANT.LII"), std::string(kListingHeader) +
-                                         "\r\n#F#MAIN.PLC\r\n#R#L2______\r\n#R#L3______\r\n"
-                                         "#s#0A5D\r\n");
-  EXPECT_EQ(p.ReadFile("PLANT.ERR"), "#F#MAIN.PLC\r\n" + Summary(1, 0));
+  EXPECT_EQ(session.Compile(p.dir()), kCompileOk);
+  EXPECT_EQ(p.ReadFile("PLANT.LII"),
+            testing::ListingText({"#F#MAIN.PLC", "#R#L2______", "#R#L3______"}, "#s#0A5D"));
+  EXPECT_EQ(p.ReadFile("PLANT.ERR"), kCleanErrorFile);
   EXPECT_FALSE(p.Exists("PLANT.$$$"));
 }
 
-TEST(DriverEndToEnd, EveryProgramOfTheListGetsAFileStartRecord) {
-  TempProject p;
-  WriteEmptyPrograms(p, {"A.PLC", "B.PLC"});
-  Session session;
-  EXPECT_EQ(session.Compile(p.dir()), 0u);
-  const std::vector<std::string> records = {"#F#A.PLC", "#F#B.PLC", "#R#L2______", "#R#L3______"};
-  std::vector<std::string> expected = {std::string(kListingHeader)};
-  expected.insert(expected.end(), records.begin(), records.end());
-  expected.push_back(ChecksumTrailer(ListingSum(records)));
-  EXPECT_EQ(SplitLines(p.ReadFile("PLANT.LII")), expected);
-  EXPECT_EQ(p.ReadFile("PLANT.ERR"), "#F#A.PLC\r\n#F#B.PLC\r\n" + Summary(1, 0));
-}
-
 TEST(DriverEndToEnd, AProjectThatCannotBeUsedGives4097AndWritesNothing) {
-  struct Case {
-    std::string_view what;
-    std::function<void(const TempProject&)> spoil;
-    int error;
+  const std::pair<std::function<void(const TempProject&)>, int> cases[] = {
+      {[](const TempProject& p) { std::filesystem::remove(p.dir() / "status.kpx"); }, 50},
+      {[](const TempProject& p) { std::filesystem::create_directory(p.dir() / "PLANT.LII"); }, 51},
   };
-  const Case cases[] = {
-      {"no status file",
-       [](const TempProject& p) { std::filesystem::remove(p.dir() / "status.kpx"); }, 50},
-      {"status header",
-       [](const TempProject& p) { p.WriteFile("status.kpx", "- KORVA   1995\r\n"); }, 53},
-      {"no project file",
-       [](const TempProject& p) { std::filesystem::remove(p.dir() / "PLANT.PRO"); }, 55},
-      {"project header",
-       [](const TempProject& p) {
-         p.WriteFile("PLANT.PRO", "- KORVO   1994\r\nMAIN.PLC\r\n \r\n");
-       },
-       56},
-      {"listing cannot be created",
-       [](const TempProject& p) { std::filesystem::create_directory(p.dir() / "PLANT.LII"); }, 51},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.what);
+  for (const auto& [spoil, error] : cases) {
     TempProject p;
-    WriteEmptyPrograms(p, {"MAIN.PLC"});
-    c.spoil(p);
+    p.WriteSimpleProject({{"MAIN.PLC", LadderSource()}});
+    spoil(p);
     Session session;
-    EXPECT_EQ(session.Compile(p.dir()), 4097u);
-    EXPECT_EQ(session.state().diag.current_error, c.error);
+    EXPECT_EQ(session.Compile(p.dir()), kCompileUnusable);
+    EXPECT_EQ(session.state().diag.current_error, error);
     EXPECT_FALSE(p.Exists("PLANT.ERR"));
   }
 }
 
+// The end records are written, the checksum line is not, and no object code.
 TEST(DriverEndToEnd, AProgramListThatStopsGives4098WithTheSummaryButNoTrailer) {
   struct Case {
-    std::string_view what;
-    std::vector<std::string> lines;  // the project file's program lines
+    Lines programs;  // the project file's program lines
     bool end_line;
-    std::vector<std::string> sources;  // the sources that exist (empty programs)
     std::string error_file;
   };
   const Case cases[] = {
-      {"no end-of-list line", {"MAIN.PLC"}, false, {"MAIN.PLC"}, "#F#MAIN.PLC\r\n" + Summary(1, 0)},
-      {"a name cut to nothing by ';'",
-       {"MAIN.PLC", ";NEXT.PLC", "NEXT.PLC"},
-       true,
-       {"MAIN.PLC", "NEXT.PLC"},
-       "#F#MAIN.PLC\r\n" + Summary(1, 0)},
-      {"a bare line end",
-       {"MAIN.PLC", "", "NEXT.PLC"},
-       true,
-       {"MAIN.PLC", "NEXT.PLC"},
-       "#F#MAIN.PLC\r\n" + Summary(1, 0)},
-      {"a missing source: counted, not written",
-       {"MISSING.PLC", "NEXT.PLC"},
-       true,
-       {"NEXT.PLC"},
-       Summary(0, 1)},
-      {"a source of another kind", {"WRONG.PLC", "NEXT.PLC"}, true, {"NEXT.PLC"}, Summary(0, 1)},
+      {{"MAIN.PLC"}, false, kCleanErrorFile},
+      {{"MAIN.PLC", ";NEXT.PLC", "NEXT.PLC"}, true, kCleanErrorFile},  // a name cut to nothing
+      {{"WRONG.PLC", "MAIN.PLC"}, true, ErrorFileText({}, SummaryLines(0, 1, 0, 0, 0))},
   };
   for (const Case& c : cases) {
-    SCOPED_TRACE(c.what);
+    SCOPED_TRACE(c.programs.back());
     TempProject p;
-    p.WriteStatus();
-    p.WriteProject(c.lines, c.end_line);
-    for (const std::string& name : c.sources) p.WriteFile(name, EmptyLadderSource());
-    p.WriteFile("WRONG.PLC", "- KORVA   1994       PRO             ;");
+    p.WriteSimpleProject({{"MAIN.PLC", LadderSource()}, {"NEXT.PLC", LadderSource()}});
+    p.WriteProject(c.programs, c.end_line);
+    p.WriteFile("WRONG.PLC", "- KORVA   1994       PRO             ;");  // a source of another kind
     p.WriteMemoryMap(true, {"WX,WWWW,0,0,8,4"});
     Session session;
-    EXPECT_EQ(session.Compile(p.dir()), 4098u);
+    EXPECT_EQ(session.Compile(p.dir()), kCompileFailed);
     EXPECT_EQ(p.ReadFile("PLANT.ERR"), c.error_file);
-    const std::vector<std::string> listing = SplitLines(p.ReadFile("PLANT.LII"));
-    ASSERT_GE(listing.size(), 3u);
-    EXPECT_EQ(listing[listing.size() - 2], "#R#L2______");  // the end records are written
-    EXPECT_EQ(listing.back(), "#R#L3______");               // and no checksum trailer
+    const Lines listing = SplitLines(p.ReadFile("PLANT.LII"));
+    EXPECT_EQ(Lines(listing.end() - 2, listing.end()), (Lines{"#R#L2______", "#R#L3______"}));
     EXPECT_FALSE(p.Exists("PLANT.cod"));
   }
-}
-
-TEST(DriverEndToEnd, TheEndOfListLineMayHoldAnythingAfterItsBlank) {
-  TempProject p;
-  WriteEmptyPrograms(p, {"MAIN.PLC"});
-  p.WriteFile("PLANT.PRO", "- KORVA   1994       PRO             ;\r\nMAIN.PLC\r\n  end\r\n");
-  Session session;
-  EXPECT_EQ(session.Compile(p.dir()), 0u);
 }
 
 TEST(DriverEndToEnd, TheOldObjectCodeIsDeletedAndNoneWrittenWithoutAMapThatAsks) {
   for (std::string_view map : {"", "#MEM#N\r\nWX,WWWW,0,0,8,4\r\n", "#MEM#\r\n"}) {
     SCOPED_TRACE(map);
     TempProject p;
-    WriteEmptyPrograms(p, {"MAIN.PLC"});
+    p.WriteSimpleProject({{"MAIN.PLC", LadderSource()}});
     if (!map.empty()) p.WriteFile("memory.ovl", map);
     p.WriteFile("PLANT.cod", "old object code");
     Session session;
-    EXPECT_EQ(session.Compile(p.dir()), 0u);
+    EXPECT_EQ(session.Compile(p.dir()), kCompileOk);
     EXPECT_FALSE(p.Exists("PLANT.cod"));
-    EXPECT_TRUE(p.Exists("PLANT.LII"));
   }
 }
 
-TEST(DriverEndToEnd, TheStatusFileMayPlaceTheProjectInADirectory) {
-  for (std::string_view directory : {"plc\\line1", "plc\\line1\\", "plc/line1"}) {
-    SCOPED_TRACE(directory);
-    TempProject p;
-    p.WriteStatus(directory);
-    p.WriteProject({"MAIN.PLC"}, true, "plc/line1/PLANT.PRO");
-    p.WriteFile("plc/line1/MAIN.PLC", EmptyLadderSource());
-    Session session;
-    EXPECT_EQ(session.Compile(p.dir()), 0u);
-    EXPECT_TRUE(p.Exists("plc/line1/PLANT.LII"));
-    EXPECT_EQ(p.ReadFile("plc/line1/PLANT.ERR"), "#F#MAIN.PLC\r\n" + Summary(1, 0));
-  }
+TEST(DriverEndToEnd, TheStatusFileMayPlaceTheProjectAndItsSourcesInADirectory) {
+  TempProject p;
+  p.WriteStatus("plc\\line1");
+  p.WriteProject({"MAIN.PLC"}, true, "plc/line1/PLANT.PRO");
+  p.WriteLadder("plc/line1/MAIN.PLC", testing::Rows({"1(X0.1) -x7 3(Y0.1)"}));
+  Session session;
+  EXPECT_EQ(session.Compile(p.dir()), kCompileOk);
+  EXPECT_EQ(SplitLines(p.ReadFile("plc/line1/PLANT.LII"))[2], "#R#A_X_0001G_Y_0001");
 }
 
 TEST(DriverEndToEnd, CompilesOfOneSessionCarryTheChecksumOnAndResetTheCounts) {
   TempProject p;
-  WriteEmptyPrograms(p, {"MISSING.PLC"});
+  p.WriteSimpleProject({{"MISSING.PLC", LadderSource()}});
   std::filesystem::remove(p.dir() / "MISSING.PLC");
   Session session;
-  EXPECT_EQ(session.Compile(p.dir()), 4098u);  // a failed compile adds its records too
-  WriteEmptyPrograms(p, {"MAIN.PLC"});
-  EXPECT_EQ(session.Compile(p.dir()), 0u);
-  EXPECT_EQ(p.ReadFile("PLANT.ERR"), "#F#MAIN.PLC\r\n" + Summary(1, 0));
+  EXPECT_EQ(session.Compile(p.dir()), kCompileFailed);  // a failed compile adds its records too
+  p.WriteSimpleProject({{"MAIN.PLC", LadderSource()}});
+  EXPECT_EQ(session.Compile(p.dir()), kCompileOk);
+  EXPECT_EQ(p.ReadFile("PLANT.ERR"), kCleanErrorFile);
   const std::uint32_t failed = ListingSum({"#R#L2______", "#R#L3______"});
   const std::uint32_t clean = ListingSum({"#F#MAIN.PLC", "#R#L2______", "#R#L3______"});
   EXPECT_EQ(SplitLines(p.ReadFile("PLANT.LII")).back(), ChecksumTrailer(failed + clean));
 
   Session fresh;  // a new session starts from 0
-  EXPECT_EQ(fresh.Compile(p.dir()), 0u);
+  EXPECT_EQ(fresh.Compile(p.dir()), kCompileOk);
   EXPECT_EQ(SplitLines(p.ReadFile("PLANT.LII")).back(), "#s#0A5D");
 }
 
@@ -205,11 +136,10 @@ TEST(ExportedEntryPoint, TwoCallsInOneLoadedModule) {
   ASSERT_NE(compile, nullptr);
 
   TempProject p;
-  WriteEmptyPrograms(p, {"MAIN.PLC"});
+  p.WriteSimpleProject({{"MAIN.PLC", LadderSource()}});
   const std::filesystem::path back = std::filesystem::current_path();
   std::filesystem::current_path(p.dir());
   const std::uint32_t first = compile(0);
-  const std::string first_trailer = SplitLines(p.ReadFile("PLANT.LII")).back();
   const std::uint32_t second = compile(0x1234);
   const std::string second_trailer = SplitLines(p.ReadFile("PLANT.LII")).back();
   std::filesystem::remove(p.dir() / "status.kpx");
@@ -217,15 +147,46 @@ TEST(ExportedEntryPoint, TwoCallsInOneLoadedModule) {
   std::filesystem::current_path(back);
   dlclose(module);
 
-  EXPECT_EQ(first, 0u);
-  EXPECT_EQ(second, 0u);
-  EXPECT_EQ(third, 4097u);
-  EXPECT_EQ(p.ReadFile("PLANT.ERR"), "#F#MAIN.PLC\r\n" + Summary(1, 0));
-  // Each call adds the same lines and "#s#": the second sum is the first plus that much again.
+  EXPECT_EQ(first, kCompileOk);
+  EXPECT_EQ(second, kCompileOk);
+  EXPECT_EQ(third, kCompileUnusable);
+  EXPECT_EQ(p.ReadFile("PLANT.ERR"), kCleanErrorFile);
   const std::uint32_t per_call = ListingSum({"#F#MAIN.PLC", "#R#L2______", "#R#L3______"}) + 185;
-  const std::uint32_t first_sum =
-      static_cast<std::uint32_t>(std::stoul(first_trailer.substr(3), nullptr, 16));
-  EXPECT_EQ(second_trailer, ChecksumTrailer(first_sum + per_call - 185));
+  EXPECT_EQ(second_trailer, ChecksumTrailer(2 * per_call - 185));
+}
+
+// The sequencer runs only when asked; its lines follow the ladder records and the checksum line
+// covers them. A failed sequence fails the compile and leaves no checksum line.
+TEST(SequencerEndToEnd, SequenceLinesComeBeforeTheTrailerThatCoversThem) {
+  using testing::SequenceStep;
+  TempProject p;
+  p.WriteSimpleProject({{"MAIN.PLC", LadderSource()}});
+  testing::SequenceFile file;
+  file.Add("FILL", SequenceStep(5, {"WR1", "H10"}) + SequenceStep(14, {"X1.2"}) + SequenceStep(1));
+  p.WriteFile("PLANT.VP", file.Bytes());
+  CompileOptions with_sequences;
+  with_sequences.run_sequences = true;
+  Session plain;
+  ASSERT_EQ(plain.Compile(p.dir()), kCompileOk);
+  EXPECT_EQ(plain.last_sequence_result(), -1);
+  Session session;
+  ASSERT_EQ(session.Compile(p.dir(), with_sequences), kCompileOk);
+  EXPECT_EQ(session.last_sequence_result(), 1);
+  const Lines records = {"#F#MAIN.PLC",
+                         "#R#L2______",
+                         "#R#L3______",
+                         "#S#SSFILL  ",
+                         "#S#S5WR0001S_______S_K 0010S_______",
+                         "#S#S>X_0012S_______S_______S_______",
+                         "#S#S1______S_______S_______S_______",
+                         "#S#Ss______"};
+  EXPECT_EQ(p.ReadFile("PLANT.LII"), testing::ListingText(records));
+
+  Session failing;
+  p.WriteFile("PLANT.VP", testing::SequenceFile().Add("BAD", SequenceStep(12, {"X1.2"})).Bytes());
+  EXPECT_EQ(failing.Compile(p.dir(), with_sequences), kCompileFailed);
+  EXPECT_EQ(failing.last_sequence_result(), 2);
+  EXPECT_EQ(SplitLines(p.ReadFile("PLANT.LII")).back(), "#S#Ss______");
 }
 
 }  // namespace

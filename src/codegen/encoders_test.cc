@@ -140,23 +140,5 @@ TEST(EncodeLongConstant, Digits) {
   }
 }
 
-// The unit group fields the float and double-word instructions write.
-TEST(EmitUnitGroup, RegisterAndLongConstantFields) {
-  auto s = std::make_unique<CompileSession>();
-  OperandTable& ops = s->ladder.operands;
-  ops.text[0].Set("FX10");
-  ops.text[2].Set("FX2");
-  ops.text[3].Set("100000");
-  ops.type[3] = OPT_DEC;
-  EmitUnitGroup(*s, 'x',
-                {field::FunctionCode(0x1A), field::RegisterPair(2, 0), field::Register(2)});
-  EncodeLongConstant(*s, 3);
-  EmitUnitGroup(*s, 'd', {field::LongLow(), field::LongHigh(), field::Text("K_0021")});
-  EXPECT_EQ(s->ladder.code.view(),
-            "MxK_001AM K_020aM K_0002"
-            "MdK_86A0M K_0001M K_0021");
-  EXPECT_EQ(s->diag.current_error, 0);
-}
-
 }  // namespace
 }  // namespace rungc

@@ -30,15 +30,6 @@ class MessagesTest : public ::testing::Test {
   CompileSession session_;
 };
 
-TEST_F(MessagesTest, TablesHaveTheSuitesShape) {
-  ASSERT_EQ(MessageSectionTable().size(), 29u);
-  ASSERT_EQ(ModuleKeyTable().size(), 9u);
-  EXPECT_EQ(MessageSectionTable()[28].marker, "#B29");
-  EXPECT_EQ(MessageSectionTable()[28].scan_limit, 20);
-  EXPECT_EQ(FindModuleKey("COMP")->sections.size(), 5u);
-  EXPECT_EQ(FindModuleKey("comp"), nullptr);
-}
-
 TEST_F(MessagesTest, MissingSectionIsFilledWithStars) {
   MessageFile file;
   file.Section(21).Entry(1, "Transfer").Section(23).Entry(1, "Message one").Entry(2, "two");

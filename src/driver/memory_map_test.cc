@@ -42,14 +42,6 @@ TEST(MemoryMap, TheFirstLineSaysWhetherObjectCodeIsWanted) {
   EXPECT_EQ(MapLoad("", false).result, -1);  // no file at all
 }
 
-TEST(MemoryMap, RowsZeroAndOneArePreset) {
-  MapLoad load("#MEM#Y\r\n");
-  EXPECT_EQ(load.row(0).name.view(), "  ");
-  EXPECT_EQ(load.row(0).kind, 20);
-  EXPECT_EQ(load.row(1).name.view(), "K ");
-  EXPECT_EQ(load.row(1).kind, 0);
-}
-
 TEST(MemoryMap, AreaLinesFillTheRowsFromRowTwo) {
   MapLoad load(
       "#MEM#Y\r\n"
@@ -131,13 +123,6 @@ TEST(MemoryMap, SixtyOneAreaLinesFitAndAnyLineAfterThemFails) {
   }
 }
 
-TEST(MemoryMap, ALastLineWithoutLineEndIsNotUsed) {
-  MapLoad load("#MEM#Y\r\nWX,WWWW,100H,0,8,20H\r\nWY,WWWW,1,2,3,4");
-  EXPECT_EQ(load.result, 0);
-  EXPECT_EQ(load.row(2).name.view(), "WX");
-  EXPECT_TRUE(load.row(3).name.empty());
-}
-
 TEST(MemoryMap, FindMemoryAreaGivesTheFirstRowOfAName) {
   MapLoad load("#MEM#Y\r\nWX,WWWW,1,0,8,4\r\nWX,WWWW,2,0,8,4\r\nWXA,WWWW,3,0,8,4\r\n");
   ASSERT_EQ(load.result, 0);
@@ -175,7 +160,7 @@ TEST(MemoryMap, DerivedSizesComeFromTheNamedRowsOrAreZero) {
   EXPECT_EQ(z.wr_elements, 2000);
   EXPECT_EQ(z.t_elements, 64);
   EXPECT_EQ(FindMemoryArea(load.session.memory, "BIG")->base, INT32_MIN);  // kept to 32 bits
-  EXPECT_EQ(z.wy_groups, 0);  // no row of that name
+  EXPECT_EQ(z.wy_groups, 0);                                               // no row of that name
   EXPECT_EQ(z.wy_elements, 0);
   EXPECT_EQ(z.way_elements, 0);
   EXPECT_EQ(z.c_elements, 0);

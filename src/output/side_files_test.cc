@@ -5,12 +5,12 @@
 
 #include <string>
 
-#include "support/backend_fixtures.h"
+#include "support/bench.h"
 
 namespace rungc {
 namespace {
 
-using testing::BackendBench;
+using testing::Bench;
 using testing::HexBytes;
 using testing::PidTable;
 using testing::SampleAreaLines;
@@ -68,7 +68,7 @@ TEST(ConvertTableLine, BuildsFullAndEmptyRecords) {
       {"element out of range", TableLine(' ', "  NULL", "1,2,3,4,5,6,WX40  ,7,"), 3, nullptr},
       {"group out of range", TableLine(' ', "WR400 ", "1,2,3,4,5,6,  NULL,7,"), 4, nullptr},
   };
-  BackendBench bench;
+  Bench bench;
   bench.LoadMemoryMap(SampleAreaLines());
   for (const Case& c : cases) {
     SCOPED_TRACE(c.title);
@@ -104,7 +104,7 @@ TEST(WriteSideFiles, WritesMarkersWithoutUsableTables) {
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.title);
-    BackendBench bench;
+    Bench bench;
     bench.LoadMemoryMap(c.areas);
     if (!c.tmr_name.empty()) bench.project().WriteFile(c.tmr_name, c.tmr);
     EXPECT_EQ(WriteSideFiles(bench.session(), bench.listing_path()), 0);
@@ -114,7 +114,7 @@ TEST(WriteSideFiles, WritesMarkersWithoutUsableTables) {
 }
 
 TEST(WriteSideFiles, ConvertsBothTables) {
-  BackendBench bench;
+  Bench bench;
   bench.LoadMemoryMap(SampleAreaLines());
   // Table names are found whatever their case; a last line without its line end is not read.
   bench.project().WriteFile(
@@ -157,7 +157,7 @@ TEST(WriteSideFiles, AFailedLineDeletesItsFileAndKeepsTheFirstFailure) {
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.title);
-    BackendBench bench;
+    Bench bench;
     bench.LoadMemoryMap(SampleAreaLines());
     if (!c.tmr.empty()) bench.project().WriteFile("PLANT.tmr", ThermoregulationTable(c.tmr));
     bench.project().WriteFile("PLANT.pds", PidTable(c.pds));

@@ -4,97 +4,87 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
 #include <string>
 #include <vector>
 
-#include "support/rungs_fixtures.h"
+#include "support/bench.h"
 
 namespace rungc {
 namespace {
 
-using testing::ValidateRows;
+// Reads the first rung of a source of these rows with the rung reader and validates its grid.
+int ValidateRows(const std::vector<std::string>& rows) {
+  testing::Bench bench;
+  bench.Open(testing::Rows(rows));
+  if (bench.Read() != 0) throw std::runtime_error("the rung cannot be read");
+  return ValidateRung(bench.session().reader.grid);
+}
 
 // A first row: contact, contact, lines to column 8, coil in column 9.
 const std::string kRow0 = "1(A) 2(B) -x6 3(Y)";
 // A first row that ends in a box in columns 3 to 9.
 const std::string kBoxRow0 = "1(A) 2(B) 2(C) 38(P,Q)";
 
-struct ValidationCase {
-  const char* name;
-  std::vector<std::string> rows;
-  int code;
-};
-
-class RungValidation : public ::testing::TestWithParam<ValidationCase> {};
-
-TEST_P(RungValidation, GivesTheFirstRuleBroken) {
-  EXPECT_EQ(ValidateRows(GetParam().rows), GetParam().code);
+// Each grid breaks one rule (or none) and gives its code; a first row, then lower rows under it.
+TEST(RungValidation, GivesTheFirstRuleBroken) {
+  const std::pair<std::vector<std::string>, int> cases[] = {
+      {{kRow0}, 0},
+      {{"1(A) 2(B) 2(C) 2(D) 2(E) 2(F) 2(G) 2(H) 2(I) 3(Y)"}, 0},
+      {{kBoxRow0}, 0},
+      {{"1(A) 2(B) -x6 40"}, 0},
+      {{"1(A) 2(B) -x5 3(Y) -"}, 3},
+      {{"1(A) 2(B) 2(C) 10(P,Q,R)"}, 4},
+      {{"1(A) 2(B) 38(P,Q) -"}, 4},
+      {{"1(A) . -x6 3(Y)"}, 5},
+      {{"1(A) ^2(B) -x6 3(Y)"}, 6},
+      {{"1(A) 2(B) -x3"}, 7},
+      {{"1(A) 2(B) -x7"}, 13},
+      {{"1(A) 2(B) -x6 49(P,Q,R)"}, 13},
+      // A parallel contact from column 0 that rejoins at column 2.
+      {{kRow0, "^- 2(C) ^. .x6"}, 0},
+      {{kRow0, "^- - ^. .x6"}, 12},
+      {{"1(A) -x1 2(B) -x4 3(Y)", ". . ^- 2(C) ^. .x4"}, 0},
+      {{"1(A) -x1 2(B) -x4 3(Y)", ". ^- 2(C) ^. .x5"}, 12},
+      // A parallel coil in column 9.
+      {{kRow0, ".x8 ^3(Z)"}, 0},
+      {{kRow0, ". ^2(C) .x7"}, 10},
+      {{kRow0, "^- 2(C) 3(Z) ^. .x5"}, 3},
+      {{kRow0, "^- 2(C) . ^. .x5"}, 5},
+      {{kRow0, ". 3(Z) ^. .x6"}, 5},
+      {{kRow0, "^1(C) ^. .x7"}, 7},
+      // Links that hang under the rows above.
+      {{kRow0, "^- 2(C) ^. .x6", "^- 2(D) ^. .x6"}, 0},
+      {{kRow0, "^- 2(C) ^. .x6", "^- 2(D) - - ^. .x4"}, 8},
+      {{kRow0, "^- 2(C) ^. ^. .x5", "^- 2(D) ^. ^. .x5"}, 0},
+      {{kRow0, "^- 2(C) ^. ^. .x5", "^- 2(D) ^. -x6"}, 8},
+      {{kBoxRow0, "^- 2(D) - ^. .x5"}, 0},
+      {{kBoxRow0, "^- 2(D) - - ^. .x4"}, 9},
+      // Boxes in lower rows.
+      {{kBoxRow0, "^2(D) ^2(E) - ^38(P,Q)"}, 0},
+      {{kBoxRow0, "^2(D) ^2(E) - 38(P,Q)"}, 14},
+      {{kBoxRow0, "^2(D) ^. . 10(P,Q,R)"}, 0},
+      {{kRow0, "^2(D) ^. . 10(P,Q,R)"}, 23},
+      // A branch whose upper path is crossed by a link of the row above.
+      {{kRow0, "^. ^- 2(C) ^- -x4 3(Z)", "^2(D) ^. .x7"}, 0},
+      {{kRow0, "^. ^- 2(C) ^- -x4 3(Z)", "^- 2(D) 2(E) 2(F) ^. .x4"}, 14},
+      // Output branches: a second coil fed from a plain line of the row above.
+      {{kRow0, "^2(C) 2(D) ^- -x5 3(Z)"}, 0},
+      {{kRow0, "^2(C) 2(D) ^- 2(E) -x4 3(Z)"}, 15},
+      {{kRow0, "^2(C) ^- -x6 3(Z)"}, 15},
+      {{kRow0, "^2(C) ^- -x7"}, 13},
+      // Edges need a condition before them in a branch.
+      {{kRow0, "^- 2(C) 17 ^. .x5"}, 0},
+      {{kRow0, "^- 17 2(C) ^. .x5"}, 30},
+      {{kRow0, "^17 ^. .x7"}, 30}};
+  for (const auto& [rows, code] : cases) {
+    EXPECT_EQ(ValidateRows(rows), code) << rows.back();
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    FirstRow, RungValidation,
-    ::testing::Values(ValidationCase{"Valid", {kRow0}, 0},
-                      ValidationCase{"ContactsAllTheWay",
-                                     {"1(A) 2(B) 2(C) 2(D) 2(E) 2(F) 2(G) 2(H) 2(I) 3(Y)"},
-                                     0},
-                      ValidationCase{"BoxInColumn3EndsTheRow", {kBoxRow0}, 0},
-                      ValidationCase{"Element40IsAFirstRowOutput", {"1(A) 2(B) -x6 40"}, 0},
-                      ValidationCase{"OutputInColumn8", {"1(A) 2(B) -x5 3(Y) -"}, 3},
-                      ValidationCase{"Box10", {"1(A) 2(B) 2(C) 10(P,Q,R)"}, 4},
-                      ValidationCase{"Box38InColumn2", {"1(A) 2(B) 38(P,Q) -"}, 4},
-                      ValidationCase{"Blank", {"1(A) . -x6 3(Y)"}, 5},
-                      ValidationCase{"LinkedContact", {"1(A) ^2(B) -x6 3(Y)"}, 6},
-                      ValidationCase{"RunsOut", {"1(A) 2(B) -x3"}, 7},
-                      ValidationCase{"LineInColumn9", {"1(A) 2(B) -x7"}, 13},
-                      ValidationCase{"Element49InColumn9", {"1(A) 2(B) -x6 49(P,Q,R)"}, 13}),
-    [](const ::testing::TestParamInfo<ValidationCase>& info) { return info.param.name; });
-
-INSTANTIATE_TEST_SUITE_P(
-    LowerRows, RungValidation,
-    ::testing::Values(
-        // A parallel contact from column 0 that rejoins at column 2.
-        ValidationCase{"ParallelContact", {kRow0, "^- 2(C) ^. .x6"}, 0},
-        ValidationCase{"ParallelLinesOnly", {kRow0, "^- - ^. .x6"}, 12},
-        ValidationCase{"UpperPathWithElement", {"1(A) -x1 2(B) -x4 3(Y)", ". . ^- 2(C) ^. .x4"}, 0},
-        ValidationCase{"UpperPathOfLines", {"1(A) -x1 2(B) -x4 3(Y)", ". ^- 2(C) ^. .x5"}, 12},
-        // A parallel coil in column 9.
-        ValidationCase{"ParallelCoil", {kRow0, ".x8 ^3(Z)"}, 0},
-        ValidationCase{"SingleLinkWithContact", {kRow0, ". ^2(C) .x7"}, 10},
-        ValidationCase{"OutputInBranch", {kRow0, "^- 2(C) 3(Z) ^. .x5"}, 3},
-        ValidationCase{"BlankInBranch", {kRow0, "^- 2(C) . ^. .x5"}, 5},
-        ValidationCase{"UnlinkedCellStartsAStep", {kRow0, ". 3(Z) ^. .x6"}, 5},
-        ValidationCase{"LinkedContactElement1", {kRow0, "^1(C) ^. .x7"}, 7},
-        // Links that hang under the rows above.
-        ValidationCase{"LinkUnderLinkedBlank", {kRow0, "^- 2(C) ^. .x6", "^- 2(D) ^. .x6"}, 0},
-        ValidationCase{"LinkUnderPlainBlank", {kRow0, "^- 2(C) ^. .x6", "^- 2(D) - - ^. .x4"}, 8},
-        ValidationCase{
-            "LinkedBlanksAboveLinks", {kRow0, "^- 2(C) ^. ^. .x5", "^- 2(D) ^. ^. .x5"}, 0},
-        ValidationCase{"LinkedBlanksAboveCell", {kRow0, "^- 2(C) ^. ^. .x5", "^- 2(D) ^. -x6"}, 8},
-        ValidationCase{"LinkUnderBoxColumn3", {kBoxRow0, "^- 2(D) - ^. .x5"}, 0},
-        ValidationCase{"LinkUnderBoxColumn4", {kBoxRow0, "^- 2(D) - - ^. .x4"}, 9},
-        // Boxes in lower rows.
-        ValidationCase{"LinkedBoxUnderBox", {kBoxRow0, "^2(D) ^2(E) - ^38(P,Q)"}, 0},
-        ValidationCase{"BoxMetByAWalk", {kBoxRow0, "^2(D) ^2(E) - 38(P,Q)"}, 14},
-        ValidationCase{"BoxLineUnderBox", {kBoxRow0, "^2(D) ^. . 10(P,Q,R)"}, 0},
-        ValidationCase{"BoxLineNotUnderBox", {kRow0, "^2(D) ^. . 10(P,Q,R)"}, 23},
-        // A branch whose upper path is crossed by a link of the row above.
-        ValidationCase{"BranchesApart", {kRow0, "^. ^- 2(C) ^- -x4 3(Z)", "^2(D) ^. .x7"}, 0},
-        ValidationCase{
-            "BranchesOverlap", {kRow0, "^. ^- 2(C) ^- -x4 3(Z)", "^- 2(D) 2(E) 2(F) ^. .x4"}, 14},
-        // Output branches: a second coil fed from a plain line of the row above.
-        ValidationCase{"OutputBranchFromLine", {kRow0, "^2(C) 2(D) ^- -x5 3(Z)"}, 0},
-        ValidationCase{"OutputBranchWithCondition", {kRow0, "^2(C) 2(D) ^- 2(E) -x4 3(Z)"}, 15},
-        ValidationCase{"OutputBranchUnderContact", {kRow0, "^2(C) ^- -x6 3(Z)"}, 15},
-        ValidationCase{"LineInColumn9", {kRow0, "^2(C) ^- -x7"}, 13},
-        // Edges need a condition before them in a branch.
-        ValidationCase{"EdgeAfterCondition", {kRow0, "^- 2(C) 17 ^. .x5"}, 0},
-        ValidationCase{"EdgeBeforeCondition", {kRow0, "^- 17 2(C) ^. .x5"}, 30},
-        ValidationCase{"EdgeOpensBranch", {kRow0, "^17 ^. .x7"}, 30}),
-    [](const ::testing::TestParamInfo<ValidationCase>& info) { return info.param.name; });
 
 // A grid whose second row begins with an empty cell ends there, whatever the row holds.
 TEST(RungValidationGrid, EmptyColumn0EndsTheGrid) {
-  testing::RungBench bench;
+  testing::Bench bench;
   bench.Open(testing::LadderSource().Row(kRow0));
   ASSERT_EQ(bench.Read(), 0);
   RungGrid grid = bench.session().reader.grid;

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <map>
 #include <sstream>
 #include <stdexcept>
 
@@ -13,44 +14,17 @@
 namespace rungc::testing {
 
 std::vector<int> ElementFieldLengths(int code) {
-  switch (code) {
-    case 1:
-    case 2:
-    case 3:
-    case 6:
-    case 7:
-    case 16:
-    case 21:
-    case 22:
-    case 23:
-    case 24:
-    case 25:
-    case 31:
-    case 42:
-      return {6};
-    case 8:
-    case 9:
-    case 44:
-    case 45:
-    case 46:
-    case 47:
-    case 48:
-      return {6, 6};
-    case 10:
-      return {32, 32, 32};
-    case 14:
-      return {68, 68};
-    case 30:
-      return {68, 68, 68};
-    case 38:
-      return {32, 32};
-    case 49:
-      return {6, 6, 6};
-    case 50:
-      return {32};
-    default:
-      return {};
-  }
+  // Codes by their fields; elements not listed carry no operand text.
+  static const std::map<int, std::vector<int>> kLengths = [] {
+    std::map<int, std::vector<int>> lengths = {{10, {32, 32, 32}}, {14, {68, 68}},
+                                               {30, {68, 68, 68}}, {38, {32, 32}},
+                                               {49, {6, 6, 6}},    {50, {32}}};
+    for (int one : {1, 2, 3, 6, 7, 16, 21, 22, 23, 24, 25, 31, 42}) lengths[one] = {6};
+    for (int two : {8, 9, 44, 45, 46, 47, 48}) lengths[two] = {6, 6};
+    return lengths;
+  }();
+  const auto found = kLengths.find(code);
+  return found == kLengths.end() ? std::vector<int>{} : found->second;
 }
 
 std::string EncodeRecord(const Cell& cell, std::uint8_t row_byte) {
@@ -227,6 +201,90 @@ std::vector<std::string> SplitLines(std::string_view text) {
     from = end + 2;
   }
   return lines;
+}
+
+LadderSource Rows(const Lines& rows) {
+  LadderSource source;
+  for (const std::string& row : rows) source.Row(row);
+  return source;
+}
+
+LadderSource& AddBoxRung(LadderSource& source, std::string_view before, const Lines& head,
+                         const std::vector<Lines>& continuations) {
+  std::vector<Cell> row = LadderSource::ParseRow(before);
+  row.push_back(Cell(38, head));
+  source.Row(row);
+  for (const Lines& lines : continuations) {
+    std::vector<Cell> below = LadderSource::ParseRow(".x2");
+    below.push_back(Cell(10, lines));
+    source.Row(below);
+  }
+  return source;
+}
+
+std::string BoxLine(std::string_view line) {
+  if (line.size() > 32)
+    throw std::invalid_argument("box line longer than 32: " + std::string(line));
+  std::string text(line);
+  text.resize(32, ' ');
+  return text;
+}
+
+Lines SampleAreaLines() {
+  return {"R,SSWB,200H,16,4,8",     "WX,WWWW,100H,0,8,20H", "WR,SSWW,1000H,40H,4,20H",
+          "WM,SSSW,2000H,20H,8,10", "M,WWWB,3000H,0,0,10H", "Y,SWWB,4000H,100H,2,20H",
+          "S,BBBB,5000H,0,0,0",     "T,TTTT,6000H,4,0,80H", "WT,TTTT,7000H,2,0,10",
+          "WAX,WWWW,800H,0,0,20H",  "WZ,WWWW,900H,0,0,10H", "WF,SSWB,0A00H,16,2,8"};
+}
+
+std::string ThermoregulationTable(const Lines& lines) {
+  return CrLfText(lines).insert(0, "- KORVA   1994       TERMO           ;\r\n");
+}
+
+std::string PidTable(const Lines& lines) {
+  return CrLfText(lines).insert(0, "- KORVA   1994       PID             ;\r\n");
+}
+
+std::string CrLfText(const Lines& lines) {
+  std::string text;
+  for (const std::string& line : lines) text += line + "\r\n";
+  return text;
+}
+
+std::uint32_t ListingSum(const Lines& lines) {
+  std::uint32_t sum = 0;
+  for (const std::string& line : lines) {
+    for (char c : line) sum += static_cast<std::uint32_t>(static_cast<signed char>(c));
+    sum += '\r' + '\n';
+  }
+  return sum;
+}
+
+std::string ChecksumTrailer(std::uint32_t sum_before_trailer) {
+  char line[24];
+  std::snprintf(line, sizeof line, "#s#%04X", sum_before_trailer + '#' + 's' + '#');
+  return line;
+}
+
+std::string ListingText(const Lines& records) {
+  return ListingText(records, ChecksumTrailer(ListingSum(records)));
+}
+
+std::string ListingText(const Lines& records, std::string_view trailer) {
+  std::string text = std::string(kListingHeader) + "\r\n" + CrLfText(records);
+  if (!trailer.empty()) text += std::string(trailer) + "\r\n";
+  return text;
+}
+
+Lines SummaryLines(int rows, int errors, int warnings, int rungs, int main_total, int sub_total) {
+  return {
+      "Riga N. = " + std::to_string(rows),          "#TERR=" + std::to_string(errors),
+      "#TWRN=" + std::to_string(warnings),          "#TOTRUNG=" + std::to_string(rungs),
+      "#TOTMAINISTR=" + std::to_string(main_total), "#TOTSUBMISTR=" + std::to_string(sub_total)};
+}
+
+std::string ErrorFileText(const Lines& records, const Lines& summary) {
+  return CrLfText(records) + CrLfText(summary);
 }
 
 }  // namespace rungc::testing

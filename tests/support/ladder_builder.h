@@ -1,4 +1,5 @@
-// Test-only builders: ladder sources described as rows of cells, and whole project directories.
+// Test-only builders: ladder sources described as rows of cells, whole project directories, and
+// the texts of the files a compile reads and writes. (Self-contained: the fuzzers link it too.)
 //
 // Row notation, one token per record, separated by blanks:
 //   [^][!]CODE[xN][(FIELD,FIELD,...)]
@@ -107,5 +108,55 @@ class TempProject {
 
 // The lines of a file's text split at CR LF (the CR LF not included).
 std::vector<std::string> SplitLines(std::string_view text);
+
+using Lines = std::vector<std::string>;
+
+// A source of these rows in row notation, one rung row each.
+LadderSource Rows(const Lines& rows);
+
+// Adds a function-block rung: `before` (row notation) fills columns 0 to 2, the head cell
+// (element 38) in column 3 holds the first two lines; each entry of `continuations` adds a row of
+// three blanks and a continuation cell (element 10) with up to three lines under the head.
+LadderSource& AddBoxRung(LadderSource& source, std::string_view before, const Lines& head,
+                         const std::vector<Lines>& continuations = {});
+
+// A box line as the rung reader hands it on and the error file carries it: padded with blanks to
+// its 32-character field.
+std::string BoxLine(std::string_view line);
+
+// Project inputs beside the sources.
+//
+// A memory map with one area of every type, for operand tests:
+//   R  SSWB base 0x200, stride 16, 4 groups, 8 elements (the worked examples)
+//   WX WWWW 0x100, 32 elements;  WR SSWW 0x1000, stride 0x40, 4 groups, 32 elements
+//   WM SSSW 0x2000, stride 0x20, 8 groups, 10 elements;  M WWWB 0x3000, 16 elements
+//   Y  SWWB 0x4000, stride 0x100, 2 groups, 32 elements;  S BBBB
+//   T  TTTT 0x6000, stride 4, 128 elements;  WT TTTT 0x7000, stride 2, 10 elements
+//   WAX WWWW 0x800, 32 elements;  WZ WWWW 0x900, 16 elements;  WF SSWB 0xA00, stride 16
+Lines SampleAreaLines();
+// A text table file ("tmr" or "pds") with its header and these data lines, each ended by CR LF.
+std::string ThermoregulationTable(const Lines& lines);
+std::string PidTable(const Lines& lines);
+
+// Expected outputs.
+//
+// The listing header the record writer puts first.
+inline constexpr std::string_view kListingHeader = "- KORVA   1995 V2.0  LIS             ;";
+// The lines, each ended by CR LF.
+std::string CrLfText(const Lines& lines);
+// What the record writer adds to the listing checksum for these lines: every byte taken as
+// signed, plus 23 for each line end.
+std::uint32_t ListingSum(const Lines& lines);
+// The listing's checksum line for a sum that does not yet include "#s#".
+std::string ChecksumTrailer(std::uint32_t sum_before_trailer);
+// A whole listing: the header, the records and the checksum line summed over the records (or the
+// given trailer line; none when it is empty).
+std::string ListingText(const Lines& records);
+std::string ListingText(const Lines& records, std::string_view trailer);
+// The six summary lines that close the error file.
+Lines SummaryLines(int rows, int errors, int warnings, int rungs, int main_total,
+                   int sub_total = 0);
+// A whole error file: the records, then the summary lines.
+std::string ErrorFileText(const Lines& records, const Lines& summary);
 
 }  // namespace rungc::testing
