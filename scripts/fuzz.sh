@@ -77,7 +77,8 @@ main() {
       failed+=("$target (missing)")
       continue
     fi
-    mkdir -p "$work" "$seeds" "$build_dir/artifacts/$target"
+    mkdir -p "$work" "$build_dir/artifacts/$target"
+    [[ -d "$seeds" ]] || seeds="$work"
 
     if [[ "$seconds" -gt 0 ]]; then
       log="$log_dir/$target.log"
@@ -110,5 +111,4 @@ main() {
   echo "== all fuzzers passed"
 }
 
-main "$@"
-exit
+main "$@"; exit
