@@ -113,9 +113,8 @@ TEST(Outputs, AFailedCompileLeavesNoEarlierObjectCode) {
   }
 }
 
-// Disabled until the driver deletes the side files of the previous compile together with its
-// object code file: today they outlive a compile that writes none.
-TEST(Outputs, DISABLED_AFailedCompileLeavesNoEarlierSideFile) {
+// The side files of an earlier compile go with its object code file.
+TEST(Outputs, AFailedCompileLeavesNoEarlierSideFile) {
   for (const SecondCompile& c : SecondCompiles()) {
     EXPECT_EQ(OutputsAfterSecondCompile(c), c.outputs) << c.what;
   }
@@ -170,10 +169,9 @@ TEST(Outputs, AllocationFailuresNeverEscapeTheEntry) {
   SweepAllocationFailures(p);
 }
 
-// Disabled until the entry restores the listing from its ".$$$" copy when a failure interrupts
-// the rewrite of the label pass: a program name too long for a short text makes the pass
-// allocate after the listing was renamed, and today the copy stays and the listing is cut.
-TEST(Outputs, DISABLED_AnAllocationFailureInTheLabelPassKeepsTheListing) {
+// A failure that interrupts the rewrite of the label pass (a program name too long for a short
+// text makes the pass allocate after the listing was renamed) puts the listing back.
+TEST(Outputs, AnAllocationFailureInTheLabelPassKeepsTheListing) {
   TempProject p;
   WriteCleanProject(p);
   p.WriteLadder("A_LONGER_PROGRAM_NAME.PLC", LadderSource());

@@ -32,11 +32,14 @@ void CloseAllFiles(CompileSession& s) {
   s.reader.source.Close();
 }
 
-// Deletes the previous object code file of the project: base + ".cod" beside the listing.
-void DeletePreviousObjectFile(CompileSession& s) {
+// Deletes the previous object code file of the project (base + ".cod" beside the listing) and its
+// side files, so that a compile that writes none leaves none of an earlier compile behind.
+void DeletePreviousObjectFiles(CompileSession& s) {
   std::string base = s.diag.listing_path.string();
   base.resize(base.size() - 3);
   platform::RemoveFile(base + "cod");
+  platform::RemoveFile(base + "tmc");
+  platform::RemoveFile(base + "pdc");
 }
 
 // The end-of-compile checks of the elements used: a block start (element 42) needs ordinary
@@ -47,18 +50,26 @@ void CheckElementsUsed(CompileSession& s) {
   if (!s.reader.element43_seen) ReportError(s, 69);
 }
 
+// Puts the listing back from its ".$$$" copy after a failed rewrite.
+void RestoreListing(CompileSession& s) {
+  platform::RemoveFile(s.diag.listing_path);
+  platform::RenameFile(s.diag.temp_path, s.diag.listing_path);
+}
+
 // Runs the label pass in check mode, then in rewrite mode over a ".$$$" copy of the listing,
-// which is restored when the rewrite fails.
+// which is restored when the rewrite fails or is interrupted.
 int RunLabelPass(CompileSession& s) {
   int result = ResolveLabels(s, 0);
   if (result != 0) return result;
   platform::RemoveFile(s.diag.temp_path);
   platform::RenameFile(s.diag.listing_path, s.diag.temp_path);
-  result = ResolveLabels(s, 1);
-  if (result != 0) {
-    platform::RemoveFile(s.diag.listing_path);
-    platform::RenameFile(s.diag.temp_path, s.diag.listing_path);
+  try {
+    result = ResolveLabels(s, 1);
+  } catch (...) {
+    RestoreListing(s);
+    throw;
   }
+  if (result != 0) RestoreListing(s);
   platform::RemoveFile(s.diag.temp_path);
   return result;
 }
@@ -98,7 +109,7 @@ std::uint32_t CompileDriver(CompileSession& session) {
     CloseAllFiles(session);  // nothing stays open between calls
     return 4097;
   }
-  DeletePreviousObjectFile(session);
+  DeletePreviousObjectFiles(session);
   const int map = LoadMemoryMap(session, "memory.ovl");
   if (map != -1) DeriveAreaSizes(session.memory);
 
