@@ -51,7 +51,11 @@ main() {
   if [[ -z "${TMPDIR:-}" && -d /dev/shm && -w /dev/shm ]]; then
     export TMPDIR=/dev/shm
   fi
-  export ASAN_OPTIONS="${ASAN_OPTIONS:-detect_leaks=1:abort_on_error=1:symbolize=1}"
+  # Allocation stacks are kept two frames deep: deeper ones pass through the C library's frames,
+  # which have no frame pointers, and the stray frames read there make every record new, so that
+  # the memory of a long run grows without bound. Replay a finding with
+  # ASAN_OPTIONS=fast_unwind_on_malloc=0 build-fuzz/fuzz/fuzz_<target> <input> for whole stacks.
+  export ASAN_OPTIONS="${ASAN_OPTIONS:-detect_leaks=1:abort_on_error=1:symbolize=1:malloc_context_size=2}"
   export UBSAN_OPTIONS="${UBSAN_OPTIONS:-print_stacktrace=1:halt_on_error=1}"
 
   failed=()
