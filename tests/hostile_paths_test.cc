@@ -11,7 +11,7 @@
 
 #include "common/session.h"
 #include "rungc/session.h"
-#include "support/backend_fixtures.h"
+#include "support/bench.h"
 #include "support/ladder_builder.h"
 #include "support/reliability_fixtures.h"
 

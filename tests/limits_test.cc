@@ -15,8 +15,7 @@
 #include "output/object_file.h"
 #include "output/side_files.h"
 #include "rungc/session.h"
-#include "support/backend_fixtures.h"
-#include "support/boxlines_fixtures.h"
+#include "support/bench.h"
 #include "support/ladder_builder.h"
 #include "support/reliability_fixtures.h"
 #include "support/seqmsg_fixtures.h"
@@ -24,7 +23,7 @@
 namespace rungc {
 namespace {
 
-using testing::BackendBench;
+using testing::Bench;
 using testing::LadderSource;
 using testing::SplitLines;
 using testing::TempProject;
@@ -32,7 +31,7 @@ using testing::TempProject;
 // Report item and report text keep 239 characters; the record carries no more.
 TEST(Limits, ReportTextsKeep239Characters) {
   for (std::size_t length : {std::size_t{239}, std::size_t{240}, std::size_t{1000}}) {
-    BackendBench bench;
+    Bench bench;
     const std::string item(length, 'i');
     const std::string text(length, 't');
     ReportErrorText(bench.session(), 9, item, text);
@@ -50,7 +49,7 @@ TEST(Limits, LabelPassMessageKeepsTheRungNumber) {
   const std::string fixed = "JUMP  Err at Rung 0";
   const std::size_t room = 239 - fixed.size();
   for (std::size_t length : {room, room + 1, std::size_t{2000}}) {
-    BackendBench bench;
+    Bench bench;
     const std::string name = "Q" + std::string(length - 1, 'A');
     bench.WriteListing({"#F#MAIN.PLC", "#R#LJ" + name});
     EXPECT_EQ(bench.RunLabelPass(), -1);
@@ -85,7 +84,7 @@ TEST(Limits, LabelTablesHold255Names) {
 // The code text holds 280 units: the 280th fits, the 281st is refused with error 16 and the walk
 // stops, the text left as it was.
 TEST(Limits, CodeTextHolds2240Characters) {
-  testing::BoxBench bench;
+  testing::Bench bench;
   CompileSession& s = bench.session();
   for (int i = 0; i < 279; ++i) ASSERT_TRUE(s.ladder.code.Append("B_X_0000"));
   EXPECT_TRUE(EmitCode(s, "G_Y_0000"));
@@ -101,7 +100,7 @@ TEST(Limits, CodeTextHolds2240Characters) {
 // A statement line whose units would pass the end of the code text is refused with error 16.
 TEST(Limits, StatementLinePastTheCodeTextIsRefused) {
   for (int free_units : {3, 2}) {
-    testing::BoxBench bench;
+    testing::Bench bench;
     CompileSession& s = bench.session();
     for (int i = 0; i < 280 - free_units; ++i) s.ladder.code.Append("B_X_0000");
     const testing::BoxResult r = bench.CompileCell({"WY1 = WX2"});
@@ -118,7 +117,7 @@ TEST(Limits, StatementLinePastTheCodeTextIsRefused) {
 // is blank (error 35).
 TEST(Limits, LabelPassLinesOf4093Characters) {
   for (int fillers : {510, 511}) {
-    BackendBench bench;
+    Bench bench;
     CompileSession& s = bench.session();
     ASSERT_EQ(s.labels.jumps.Reference("LOOP1 "), 0);
     ASSERT_EQ(s.labels.jumps.Define("LOOP1 "), 0);
@@ -142,7 +141,7 @@ TEST(Limits, LabelPassLinesOf4093Characters) {
 // units is refused whole (5) and leaves no object code file.
 TEST(Limits, ObjectWriterConverts249UnitsOfA1999CharacterLine) {
   for (int units : {249, 250}) {
-    BackendBench bench;
+    Bench bench;
     bench.LoadMemoryMap(testing::SampleAreaLines());
     std::string record = "#R#";
     for (int i = 1; i < units; ++i) record += "A_R_0123";
@@ -172,7 +171,7 @@ TEST(Limits, SideTableLinesAndRecords) {
            Case{fits, pad, 0, 44 + 1000},    // 1,999 characters with the line end
            Case{fits, pad + 1, 2, 0},        // the line end is read as a line of its own
        }) {
-    BackendBench bench;
+    Bench bench;
     bench.LoadMemoryMap(testing::SampleAreaLines());
     std::string line = head;
     for (std::size_t i = 0; i < c.further_values; ++i) line += "1,";
@@ -205,7 +204,7 @@ TEST(Limits, MemoryMapLinesAndRows) {
            Case{rows61, 0},
            Case{rows62, -1},
        }) {
-    BackendBench bench;
+    Bench bench;
     bench.project().WriteMemoryMap(true, c.lines);
     EXPECT_EQ(LoadMemoryMap(bench.session(), "memory.ovl"), c.result) << c.lines.size();
   }

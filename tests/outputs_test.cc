@@ -12,7 +12,7 @@
 #include "common/session.h"
 #include "driver/compile_driver.h"
 #include "rungc/session.h"
-#include "support/backend_fixtures.h"
+#include "support/bench.h"
 #include "support/ladder_builder.h"
 #include "support/reliability_fixtures.h"
 

@@ -1,8 +1,0 @@
-// The test bench under its earlier name, for tests that still include this header.
-#pragma once
-
-#include "support/bench.h"
-
-namespace rungc::testing {
-using BoxBench = Bench;
-}  // namespace rungc::testing
