@@ -16,11 +16,6 @@
 #include "support/ladder_builder.h"
 #include "support/reliability_fixtures.h"
 
-#ifndef _WIN32
-#include <dlfcn.h>
-#include <unistd.h>
-#endif
-
 namespace rungc {
 namespace {
 
@@ -248,31 +243,6 @@ TEST(Outputs, ARungLongerThanAnObjectLineIsNotCutSilently) {
     EXPECT_FALSE(p.Exists("PLANT.cod"));
   }
 }
-
-#ifndef _WIN32
-// The shared module's export, called as the shell calls it: from the project's directory, twice.
-TEST(Outputs, TheExportedEntryPointCompilesInTheCurrentDirectory) {
-  void* module = dlopen(RUNGC_SHARED_LIBRARY, RTLD_NOW | RTLD_LOCAL);
-  ASSERT_NE(module, nullptr) << dlerror();
-  using Entry = std::uint32_t (*)(std::uint32_t);
-  auto entry = reinterpret_cast<Entry>(dlsym(module, "Compilatore32"));
-  ASSERT_NE(entry, nullptr);
-  TempProject p;
-  const std::filesystem::path home = std::filesystem::current_path();
-  std::filesystem::current_path(p.dir());
-  const std::uint32_t missing = entry(0);
-  WriteCleanProject(p);
-  const std::uint32_t first = entry(0);
-  const Names listing = SplitLines(p.ReadFile("PLANT.LII"));
-  const std::uint32_t second = entry(1);
-  std::filesystem::current_path(home);
-  dlclose(module);
-  EXPECT_EQ(missing, kCompileUnusable);
-  EXPECT_EQ(first, kCompileOk);
-  EXPECT_EQ(second, kCompileOk);
-  EXPECT_NE(SplitLines(p.ReadFile("PLANT.LII")).back(), listing.back());
-}
-#endif
 
 }  // namespace
 }  // namespace rungc
