@@ -48,17 +48,6 @@ TEST(BoxCell, ALexerErrorStopsTheCellOtherErrorsDoNot) {
                               Record("W1:WX1", BoxLine("WX1 = 5"))}));
 }
 
-TEST(BoxCell, AUnitThatDoesNotFitFailsTheRung) {
-  Bench bench;
-  CompileSession& s = bench.session();
-  s.ladder.code.Append(std::string(kCodeTextSize - 8, 'B'));
-  const BoxResult r = bench.CompileCell({"WY1 = WX2"});
-  EXPECT_EQ(r.code.size(), kCodeTextSize);
-  EXPECT_EQ(DumpUnits(r.code.substr(kCodeTextSize - 8)), "MDWX0002");
-  EXPECT_EQ(r.reports, Lines{"#E#NERR=16#RUNG=1"});
-  EXPECT_EQ(s.ladder.walk_state, kWalkStopped);
-}
-
 TEST(BoxCell, AComparisonContactComparesIntoF08) {
   struct Case {
     const char *a, *op, *b;

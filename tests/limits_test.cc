@@ -2,7 +2,6 @@
 // beyond it meets the refusal the compiler documents, never an overflow.
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -10,7 +9,6 @@
 #include "diag/messages.h"
 #include "diag/report.h"
 #include "driver/memory_map.h"
-#include "labels/label_table.h"
 #include "ladder/emit.h"
 #include "output/object_file.h"
 #include "output/side_files.h"
@@ -56,28 +54,6 @@ TEST(Limits, LabelPassMessageKeepsTheRungNumber) {
     const std::vector<std::string> lines = bench.ErrorLines();
     ASSERT_EQ(lines.size(), 2u) << length;
     EXPECT_EQ(lines[1], "#J#NERR=37#RUNG= 0 : " + name.substr(0, room)) << length;
-  }
-}
-
-// 255 names fit each label table; the 256th is refused with the table's error.
-TEST(Limits, LabelTablesHold255Names) {
-  struct Case {
-    bool define;
-    bool subroutines;
-    int refusal;         // of the 256th name
-    int reference_last;  // a reference to the 255th name afterwards
-  };
-  for (const Case& c : {Case{true, false, 33, 37}, Case{false, false, 33, 0},
-                        Case{true, true, 59, 58}, Case{false, true, 59, 0}}) {
-    LabelState labels;
-    LabelTable& table = c.subroutines ? labels.subroutines : labels.jumps;
-    char name[8];
-    for (int i = 0; i < 255; ++i) {
-      std::snprintf(name, sizeof name, "N%03d", i);
-      ASSERT_EQ(c.define ? table.Define(name) : table.Reference(name), 0) << name;
-    }
-    EXPECT_EQ(c.define ? table.Define("LAST") : table.Reference("LAST"), c.refusal);
-    EXPECT_EQ(table.Reference("N254"), c.reference_last);
   }
 }
 
@@ -184,29 +160,14 @@ TEST(Limits, SideTableLinesAndRecords) {
 }
 
 // Memory map area lines are read up to 259 characters; a longer line is read as two, and a second
-// part that begins with a letter is an area line of its own. 61 area lines fit the table.
-TEST(Limits, MemoryMapLinesAndRows) {
+// part that begins with a letter is an area line of its own.
+TEST(Limits, MemoryMapLinesOf259Characters) {
   const std::string area = "WZ,WWWW,900H,0,0,16";
-  struct Case {
-    std::vector<std::string> lines;
-    int result;
-  };
-  std::vector<std::string> rows61, rows62;
-  for (int i = 0; i < 62; ++i) {
-    char line[32];
-    std::snprintf(line, sizeof line, "A%02d,WWWW,0,0,0,1", i);
-    (i < 61 ? rows61 : rows62).push_back(line);
-  }
-  rows62.insert(rows62.begin(), rows61.begin(), rows61.end());
-  for (const Case& c : {
-           Case{{area + std::string(258 - area.size(), ' ')}, 0},
-           Case{{area + std::string(259 - area.size(), ' ') + "Q"}, -1},
-           Case{rows61, 0},
-           Case{rows62, -1},
-       }) {
+  const std::string fits = area + std::string(258 - area.size(), ' ');
+  for (const std::string& line : {fits, fits + " Q"}) {
     Bench bench;
-    bench.project().WriteMemoryMap(true, c.lines);
-    EXPECT_EQ(LoadMemoryMap(bench.session(), "memory.ovl"), c.result) << c.lines.size();
+    bench.project().WriteMemoryMap(true, {line});
+    EXPECT_EQ(LoadMemoryMap(bench.session(), "memory.ovl"), line == fits ? 0 : -1) << line.size();
   }
 }
 

@@ -142,30 +142,6 @@ TEST(CompileLadderRung, RefusesARungWithItsError) {
 // Row 0: a contact, 8 contacts and `output` in column 9; under it 27 rows of 9 contacts in parallel
 // with row 0's, each rejoining at column 9: 9 + 27 * 10 units, then the output's units. With a
 // coil the code text is exactly full; a timer's preset is one unit more than it holds.
-TEST(CompileLadderRung, TheCodeTextHolds280Units) {
-  for (const std::string output : {"3(Y0.1)", "8(T1,100)"}) {
-    SCOPED_TRACE(output);
-    std::string row0 = "1(X0.0)";
-    for (int c = 1; c <= 8; ++c) row0 += " 2(R0." + std::to_string(c) + ")";
-    std::vector<std::string> rows{row0 + " " + output};
-    for (int r = 1; r <= 27; ++r) {
-      std::string row = "^2(R" + std::to_string(r) + ".0)";
-      for (int c = 1; c <= 8; ++c)
-        row += " 2(R" + std::to_string(r) + "." + std::to_string(c) + ")";
-      rows.push_back(row + " ^.");
-    }
-    testing::Bench bench;
-    CompileSession& s = bench.session();
-    bench.LoadRung(rows);
-    CompileLadderRung(s);
-    const bool fits = output[0] == '3';
-    EXPECT_EQ(s.diag.current_error, fits ? 0 : 16);
-    EXPECT_EQ(s.ladder.code.position(), 2240u);
-    EXPECT_EQ(s.ladder.code.data()[2240], '\0');
-    EXPECT_EQ(s.dispatch.record.view().empty(), !fits);
-  }
-}
-
 TEST(CompileLadderRung, ASecondConditionalBlockBeforeItsEndIsError20) {
   testing::Bench bench;
   CompileSession& s = bench.session();
