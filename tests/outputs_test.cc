@@ -2,9 +2,7 @@
 // and when it runs twice in one loaded module.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstdint>
-#include <cstdio>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -95,21 +93,9 @@ Names OutputsAfterSecondCompile(const SecondCompile& c) {
   return OutputsPresent(p);
 }
 
-bool Holds(const Names& names, std::string_view name) {
-  return std::find(names.begin(), names.end(), name) != names.end();
-}
-
-TEST(Outputs, AFailedCompileLeavesNoEarlierObjectCode) {
-  for (const SecondCompile& c : SecondCompiles()) {
-    const Names outputs = OutputsAfterSecondCompile(c);
-    EXPECT_EQ(Holds(outputs, "PLANT.cod"), Holds(c.outputs, "PLANT.cod")) << c.what;
-    EXPECT_TRUE(Holds(outputs, "PLANT.LII") && Holds(outputs, "PLANT.ERR")) << c.what;
-    EXPECT_FALSE(Holds(outputs, "PLANT.$$$")) << c.what;
-  }
-}
-
-// The side files of an earlier compile go with its object code file.
-TEST(Outputs, AFailedCompileLeavesNoEarlierSideFile) {
+// The object code and side files of an earlier compile go when a later one fails or asks for no
+// object code; the listing and error file are always written, the ".$$$" copy never left.
+TEST(Outputs, AFailedCompileLeavesNoEarlierObjectCodeOrSideFile) {
   for (const SecondCompile& c : SecondCompiles()) {
     EXPECT_EQ(OutputsAfterSecondCompile(c), c.outputs) << c.what;
   }
@@ -172,35 +158,6 @@ TEST(Outputs, AnAllocationFailureInTheLabelPassKeepsTheListing) {
   p.WriteLadder("A_LONGER_PROGRAM_NAME.PLC", LadderSource());
   p.WriteProject({"MAIN.PLC", "A_LONGER_PROGRAM_NAME.PLC"});
   SweepAllocationFailures(p);
-}
-
-// Two compiles in one session: counters and label tables start again, the listing checksum goes
-// on from the first compile's value; a failed compile does not spoil the next one.
-TEST(Outputs, TwoCompilesInOneSession) {
-  TempProject p;
-  WriteCleanProject(p);
-  Session session;
-  ASSERT_EQ(session.Compile(p.dir()), kCompileOk);
-  const Names listing = SplitLines(p.ReadFile("PLANT.LII"));
-  const std::string errors = p.ReadFile("PLANT.ERR");
-  const std::uint32_t first = session.state().diag.listing_checksum;
-
-  ASSERT_EQ(session.Compile(p.dir()), kCompileOk);
-  EXPECT_EQ(p.ReadFile("PLANT.ERR"), errors);
-  const Names second = SplitLines(p.ReadFile("PLANT.LII"));
-  ASSERT_EQ(second.size(), listing.size());
-  EXPECT_EQ(Names(second.begin(), second.end() - 1), Names(listing.begin(), listing.end() - 1));
-  // The second compile adds the same bytes again.
-  EXPECT_EQ(session.state().diag.listing_checksum, 2 * first);
-  char trailer[16];
-  std::snprintf(trailer, sizeof trailer, "#s#%04X", 2 * first);
-  EXPECT_EQ(second.back(), trailer);
-
-  p.WriteProject({"GONE.PLC"});
-  EXPECT_EQ(session.Compile(p.dir()), kCompileFailed);
-  WriteCleanProject(p);
-  EXPECT_EQ(session.Compile(p.dir()), kCompileOk);
-  EXPECT_EQ(p.ReadFile("PLANT.ERR"), errors);
 }
 
 // The element flags live as long as the module: a block start without a block end passes the
