@@ -139,9 +139,6 @@ TEST(CompileLadderRung, RefusesARungWithItsError) {
   }
 }
 
-// Row 0: a contact, 8 contacts and `output` in column 9; under it 27 rows of 9 contacts in parallel
-// with row 0's, each rejoining at column 9: 9 + 27 * 10 units, then the output's units. With a
-// coil the code text is exactly full; a timer's preset is one unit more than it holds.
 TEST(CompileLadderRung, ASecondConditionalBlockBeforeItsEndIsError20) {
   testing::Bench bench;
   CompileSession& s = bench.session();
